@@ -1,0 +1,48 @@
+# The library: compiled once, as objects, for the shared library that ships and for the few tests that look
+# at what it hides.
+add_library(kestro-objects OBJECT
+  core/clock.cpp
+  core/file_util.cpp
+  core/frame_rate.cpp
+  core/input.cpp
+  core/key_repeat.cpp
+  core/log.cpp
+  core/window.cpp
+  core/window_stack.cpp
+  core/window_state.cpp
+  gfx/fill.cpp
+  gfx/image.cpp
+  gfx/picture_file.cpp
+  gfx/scale.cpp
+  gfx/scale_bilinear.cpp
+  gfx/scale_error_term.cpp
+  gfx/screen.cpp
+  gfx/surface.cpp
+  gfx/surface_cache.cpp
+  gfx/text.cpp
+  gfx/transform.cpp
+  platform/device_path.cpp
+  services/lru_cache.cpp
+  system/current_language.cpp
+  system/language.cpp
+  text/pinyin.cpp
+  text/utf8.cpp)
+set_target_properties(kestro-objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
+target_include_directories(kestro-objects PUBLIC ${PROJECT_SOURCE_DIR})
+target_link_libraries(kestro-objects PUBLIC kestro-dependencies Threads::Threads PRIVATE kestro-options)
+
+add_library(kestro SHARED)
+add_library(Kestro::kestro ALIAS kestro)
+set_target_properties(kestro PROPERTIES
+  VERSION ${PROJECT_VERSION}
+  SOVERSION ${PROJECT_VERSION_MAJOR}
+  LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/hidden-symbols.map)
+target_include_directories(kestro PUBLIC
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kestro>)
+target_link_libraries(kestro
+  PRIVATE kestro-objects kestro-options Threads::Threads
+  PUBLIC $<BUILD_INTERFACE:kestro-dependencies>)
+target_link_options(kestro PRIVATE
+  -Wl,-z,nodelete # threads and exit handlers run in it to the end
+  -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/hidden-symbols.map)

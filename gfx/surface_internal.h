@@ -1,0 +1,17 @@
+#pragma once
+
+#include "gfx/surface.h"
+
+namespace kestro {
+
+/// `s` as the one class of surface that has a texture; null for null and for any other class.
+SDL2KestroSurface* textured(KestroSurface* s);
+
+/// A new surface that owns a texture made from `copy`, and `copy` itself. If the texture cannot be made,
+/// frees `copy` and returns null; null for null.
+SDL2KestroSurface* surfaceOwning(SDL_Surface* copy);
+
+/// A new texture of w x h pixels that can be a render target, cleared to transparent; null on failure.
+SDL_Texture* createTargetTexture(int w, int h);
+
+} // namespace kestro

@@ -1,0 +1,146 @@
+#include "gfx/text.h"
+
+#include "gfx/font_height.h"
+#include "gfx/screen_internal.h"
+#include "gfx/surface.h"
+#include "gfx/surface_cache.h"
+#include "gfx/surface_internal.h"
+#include "text/utf8.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+/// The key of a rendered text. One buffer for all: texts that agree up to its end share an entry.
+static const char* cacheKey(TTF_Font* font, const char* text, SDL_Color color, int shadow) {
+    static char key[2048];
+    snprintf(key, sizeof key, "%s_%p_%02X_%02X_%02X_%02X_shadow%d", text, static_cast<void*>(font), color.r,
+             color.g, color.b, color.a, shadow);
+    return key;
+}
+
+/// The rendered text, from the cache if it is there. A texture that cannot be made leaves a null entry,
+/// which counts as a miss the next time.
+static KestroSurface* renderedText(TTF_Font* font, const char* text, SDL_Color color, int shadow) {
+    const char* const key = cacheKey(font, text, color, shadow);
+    if (void* const cached = gTextSurfaceCache.get(key))
+        return static_cast<KestroSurface*>(cached);
+    SDL_Surface* const glyphs = TTF_RenderUTF8_Blended(font, text, color);
+    if (!glyphs)
+        return nullptr;
+    KestroSurface* const surface = kestro::surfaceOwning(glyphs);
+    gTextSurfaceCache.put(key, surface);
+    return surface;
+}
+
+static SDL_Rect placed(const SDL_Rect& rect, int width, int height, int align) {
+    SDL_Rect place{rect.x, rect.y, width, height};
+    const bool leftAligned = align == 0 || align == 3;
+    const bool vertical = align == 1 || align == 3 || align == 4;
+    if (align == 1)
+        place.x += (rect.w - width) / 2;
+    else if (!leftAligned)
+        place.x += rect.w - width;
+    if (vertical)
+        place.y += (rect.h - height) / 2;
+    return place;
+}
+
+int DrawString(TTF_Font* font, SDL_Rect rect, const char* text, SDL_Color color, int align, bool shadow,
+               bool measureOnly) {
+    if (!font || !text)
+        return 0;
+    KestroSurface* const main = renderedText(font, text, color, 0);
+    if (!main)
+        return 0;
+    const int width = main->getWidth();
+    SDL_Rect place = placed(rect, width, main->getHeight(), align);
+    if (shadow) {
+        // In the text's own colour, and drawn even when only measuring: both on purpose.
+        SDL_Rect under{place.x + 1, place.y + 2, place.w, place.h};
+        if (KestroSurface* const copy = renderedText(font, text, color, 1))
+            copy->render(nullptr, &under, true, nullptr);
+    }
+    if (!measureOnly)
+        main->render(nullptr, &place, true, nullptr);
+    return width;
+}
+
+namespace {
+
+/// A text cut into its lines.
+class Lines {
+public:
+    Lines(const char* text, const char* separators) : mCopy(strdup(text), free) {
+        if (!mCopy)
+            return;
+        char* rest = nullptr;
+        const char* const set = separators ? separators : "";
+        for (char* line = strtok_r(mCopy.get(), set, &rest); line; line = strtok_r(nullptr, set, &rest))
+            mLines.push_back(line);
+    }
+
+    int count() const { return static_cast<int>(mLines.size()); }
+
+    void draw(TTF_Font* font, const SDL_Rect& rect, int pitch, SDL_Color color, int align,
+              bool shadow) const {
+        SDL_Rect place{rect.x, rect.y, rect.w, pitch};
+        for (const char* line : mLines) {
+            DrawString(font, place, line, color, align, shadow, false);
+            place.y += pitch;
+        }
+    }
+
+private:
+    std::unique_ptr<char, void (*)(void*)> mCopy;
+    std::vector<const char*> mLines;
+};
+
+} // namespace
+
+int DrawStringLines(TTF_Font* font, const SDL_Rect& rect, const char* text, const char* separators,
+                    const SDL_Color& color, int align, bool shadow) {
+    if (!font || !text)
+        return 0;
+    const Lines lines(text, separators);
+    if (lines.count() == 0)
+        return 0;
+    // The lines may lie as close as four pixels apart, but fall back to five: both numbers are meant.
+    const int height = kestro::fontHeight(font);
+    const int spread = rect.h / lines.count();
+    lines.draw(font, rect, spread > height + 4 ? spread : height + 5, color, align, shadow);
+    return 0;
+}
+
+int DrawStringLinesSpacing(TTF_Font* font, const SDL_Rect& rect, const char* text, const char* separators,
+                           int spacing, const SDL_Color& color, int align, bool shadow) {
+    if (!font || !text)
+        return 0;
+    Lines(text, separators).draw(font, rect, kestro::fontHeight(font) + spacing, color, align, shadow);
+    return 0;
+}
+
+int getTruncateLen(TTF_Font* font, const char* text, int, int width) {
+    if (!font || !text)
+        return 0;
+    // The twenty pixels and the tenth that is left leave room for the ellipsis.
+    const float limit = static_cast<float>((static_cast<int64_t>(width) - 20) * 9 / 10);
+    float sum = 0.0f;
+    int kept = 0;
+    const size_t length = strlen(text);
+    for (size_t at = 0; at < length; ++kept) {
+        if (limit <= sum)
+            return kept;
+        const kestro::Utf8Step step = kestro::decodeUtf8(text + at, length - at);
+        int advance = 0;
+        TTF_GlyphMetrics(font, static_cast<Uint16>(step.codePoint), nullptr, nullptr, nullptr, nullptr,
+                         &advance);
+        const double glyph = step.codePoint <= 128 ? advance + 1.7 : advance;
+        sum = static_cast<float>(static_cast<double>(sum) + glyph);
+        at += step.length;
+    }
+    return 0;
+}

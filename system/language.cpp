@@ -1,0 +1,36 @@
+#include "system/language.h"
+
+#include "core/load_order.h"
+#include "system/current_language.h"
+
+// 2 and 3 are two words that happen to be alike in English.
+std::vector<std::string> gDefaultStringList KESTRO_LOADED_DEFAULT_STRINGS = {
+    "Cancel", "OK", "LOADING...", "LOADING...", "OPEN", "BACK", "NAV", "MENU",
+};
+
+std::vector<LangRecord> gLangTable KESTRO_LOADED_LANGUAGE_TABLE;
+
+int getLangIndexNum() {
+    return static_cast<int>(gDefaultStringList.size());
+}
+
+const char* getDefLang(int index) {
+    if (index < 0 || index >= getLangIndexNum())
+        return nullptr;
+    return gDefaultStringList[static_cast<size_t>(index)].c_str();
+}
+
+const char* getLangStr(int index) {
+    if (index < 0)
+        return "";
+    if (index >= getLangIndexNum())
+        return "wrongbeef"; // seen on screen, it tells the developer that a word was never registered
+    for (const LangRecord& record : gLangTable) {
+        if (record.fileName != getSystemLanguage())
+            continue;
+        const auto found = record.strings.find(index);
+        if (found != record.strings.end())
+            return found->second.c_str();
+    }
+    return getDefLang(index);
+}

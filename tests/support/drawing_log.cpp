@@ -1,0 +1,85 @@
+#include "support/drawing_log.h"
+
+#include "support/real_function.h"
+
+#include <SDL.h>
+
+#include <cstdio>
+
+static bool sNoting = false;
+static std::vector<std::string> sCalls;
+
+static std::string shown(const SDL_Rect* rect) {
+    if (!rect)
+        return "all";
+    char text[64];
+    snprintf(text, sizeof text, "%d,%d %dx%d", rect->x, rect->y, rect->w, rect->h);
+    return text;
+}
+
+static std::string shownColor(SDL_Renderer* renderer) {
+    SDL_Color color{};
+    SDL_GetRenderDrawColor(renderer, &color.r, &color.g, &color.b, &color.a);
+    char text[16];
+    snprintf(text, sizeof text, "#%02X%02X%02X%02X", color.r, color.g, color.b, color.a);
+    return text;
+}
+
+static void note(SDL_Renderer* renderer, const std::string& call) {
+    if (sNoting)
+        sCalls.push_back(call + (SDL_GetRenderTarget(renderer) ? " on T" : " on W"));
+}
+
+extern "C" int SDL_RenderCopy(SDL_Renderer* renderer, SDL_Texture* texture, const SDL_Rect* src,
+                              const SDL_Rect* dst) {
+    static const auto real = REAL_FUNCTION(SDL_RenderCopy);
+    note(renderer, "copy " + shown(src) + " -> " + shown(dst));
+    return real(renderer, texture, src, dst);
+}
+
+extern "C" int SDL_RenderCopyEx(SDL_Renderer* renderer, SDL_Texture* texture, const SDL_Rect* src,
+                                const SDL_Rect* dst, double angle, const SDL_Point* center,
+                                SDL_RendererFlip flip) {
+    static const auto real = REAL_FUNCTION(SDL_RenderCopyEx);
+    char turn[32];
+    snprintf(turn, sizeof turn, "turn %g ", angle);
+    note(renderer, turn + shown(src) + " -> " + shown(dst));
+    return real(renderer, texture, src, dst, angle, center, flip);
+}
+
+extern "C" int SDL_RenderFillRect(SDL_Renderer* renderer, const SDL_Rect* rect) {
+    static const auto real = REAL_FUNCTION(SDL_RenderFillRect);
+    SDL_BlendMode mode = SDL_BLENDMODE_INVALID;
+    SDL_GetRenderDrawBlendMode(renderer, &mode);
+    const char* const blending = mode == SDL_BLENDMODE_BLEND ? " blend" : " replace";
+    note(renderer, "fill " + shown(rect) + " " + shownColor(renderer) + blending);
+    return real(renderer, rect);
+}
+
+extern "C" int SDL_RenderClear(SDL_Renderer* renderer) {
+    static const auto real = REAL_FUNCTION(SDL_RenderClear);
+    note(renderer, "clear " + shownColor(renderer));
+    return real(renderer);
+}
+
+extern "C" void SDL_RenderPresent(SDL_Renderer* renderer) {
+    static const auto real = REAL_FUNCTION(SDL_RenderPresent);
+    if (sNoting)
+        sCalls.push_back("present");
+    real(renderer);
+}
+
+DrawingLog::DrawingLog() {
+    sCalls.clear();
+    sNoting = true;
+}
+
+DrawingLog::~DrawingLog() {
+    sNoting = false;
+}
+
+std::vector<std::string> DrawingLog::take() {
+    std::vector<std::string> calls;
+    calls.swap(sCalls);
+    return calls;
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+/// While it lives, time stands still for the library and moves only by call: it takes the place of
+/// gettimeofday and usleep in this process. A sleep is noted and moves the time by its length at once.
+/// Any thread may read the time. SDL's own clocks go on as usual.
+class FakeClock {
+public:
+    explicit FakeClock(uint64_t startMs = 1'000'000'000'000);
+    ~FakeClock();
+    FakeClock(const FakeClock&) = delete;
+    FakeClock& operator=(const FakeClock&) = delete;
+
+    uint64_t now() const; ///< milliseconds
+    void set(uint64_t ms);
+    void advance(uint64_t ms);
+
+    /// The lengths in microseconds of all sleeps since the last call.
+    std::vector<uint64_t> takeSleeps();
+};

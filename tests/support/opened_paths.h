@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// While it lives, notes every path given to fopen, open and access in this process.
+class OpenedPaths {
+public:
+    OpenedPaths();
+    ~OpenedPaths();
+    OpenedPaths(const OpenedPaths&) = delete;
+    OpenedPaths& operator=(const OpenedPaths&) = delete;
+
+    /// The paths in the order of the calls, since the last call of this.
+    std::vector<std::string> take();
+};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "gfx/screen.h"
+#include "support/kestro_test.h"
+
+#include <SDL.h>
+#include <SDL_ttf.h>
+
+#include <string>
+
+/// A test with an open screen of 640 x 480 logical pixels, on the dummy driver with the software renderer.
+/// Its log lines are taken already. The screen is black, and closed again at the end.
+class ScreenTest : public KestroTest {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Opens the screen anew and takes the lines that this logs.
+    void openScreen(int width, int height, int rotate);
+
+    /// The colour 0xAARRGGBB of a pixel of what SDL draws to just now: the window, as a rule.
+    static Uint32 pixel(int x, int y);
+
+    /// The whole of what SDL draws to just now. The caller frees it.
+    static SDL_Surface* frame();
+
+    /// The tests' font at `points`; closed at the end of the test.
+    TTF_Font* font(int points);
+
+    /// Compares what SDL draws to just now with tests/golden/NAME.png, exactly. On a difference it fails
+    /// and leaves NAME-wanted.png, NAME-got.png and NAME-difference.png in failed-pictures/ of the build
+    /// folder. With KESTRO_UPDATE_GOLDEN=1 in the environment it writes the picture instead, and fails,
+    /// so that nobody takes that run for a test.
+    static void expectPicture(const std::string& name);
+
+private:
+    std::vector<TTF_Font*> mFonts;
+};
+
+/// A surface of w x h pixels filled with `color` (0xAARRGGBB), ARGB8888. The caller frees it.
+SDL_Surface* filledSurface(int w, int h, Uint32 color);
