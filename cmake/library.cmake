@@ -27,7 +27,10 @@ add_library(kestro-objects OBJECT
   system/language.cpp
   text/pinyin.cpp
   text/utf8.cpp)
-set_target_properties(kestro-objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
+set_target_properties(kestro-objects PROPERTIES
+  POSITION_INDEPENDENT_CODE ON
+  CXX_VISIBILITY_PRESET hidden
+  VISIBILITY_INLINES_HIDDEN ON)
 target_include_directories(kestro-objects PUBLIC ${PROJECT_SOURCE_DIR})
 target_link_libraries(kestro-objects PUBLIC kestro-dependencies Threads::Threads PRIVATE kestro-options)
 

@@ -3,7 +3,6 @@ add_library(kestro-options INTERFACE)
 target_compile_features(kestro-options INTERFACE cxx_std_17)
 target_compile_options(kestro-options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-  -fvisibility=hidden -fvisibility-inlines-hidden
   -ffp-contract=off) # the scalers' results are exact: what is fused stands in the code
 if(KESTRO_WARNINGS_AS_ERRORS)
   target_compile_options(kestro-options INTERFACE -Werror)
