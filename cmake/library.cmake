@@ -13,6 +13,12 @@ add_library(kestro-objects OBJECT
   gfx/fill.cpp
   gfx/image.cpp
   gfx/picture_file.cpp
+  gfx/picture_size.cpp
+  gfx/picture_size_chunks.cpp
+  gfx/picture_size_fixed.cpp
+  gfx/picture_size_svg.cpp
+  gfx/picture_size_text.cpp
+  gfx/picture_size_tiff.cpp
   gfx/scale.cpp
   gfx/scale_bilinear.cpp
   gfx/scale_error_term.cpp
@@ -21,16 +27,50 @@ add_library(kestro-objects OBJECT
   gfx/surface_cache.cpp
   gfx/text.cpp
   gfx/transform.cpp
+  menu/action.cpp
+  menu/count_number.cpp
+  menu/dir_browser.cpp
+  menu/file_browser_menu.cpp
+  menu/label_highlight.cpp
+  menu/list_menu.cpp
+  menu/menu_item.cpp
+  menu/row_order.cpp
+  menu/setting_item.cpp
+  menu/setting_menu.cpp
+  menu/setting_switch_item.cpp
+  menu/setting_value_item.cpp
+  menu/text_menu.cpp
+  menu/text_menu_drawer.cpp
+  menu/text_menu_drawer_draw.cpp
   platform/device_path.cpp
   services/lru_cache.cpp
+  shell/bar_layout.cpp
+  shell/icon_cache.cpp
+  shell/skin.cpp
+  system/clock_settings.cpp
+  system/content.cpp
   system/current_language.cpp
+  system/display_color.cpp
+  system/features.cpp
+  system/json_file.cpp
+  system/json_lookup.cpp
   system/language.cpp
+  system/language_files.cpp
+  system/osd_shortcuts.cpp
+  system/settings_journal.cpp
+  system/system_state.cpp
+  system/system_state_load.cpp
+  system/system_state_save.cpp
   text/pinyin.cpp
+  text/pinyin_table.cpp
   text/utf8.cpp)
 set_target_properties(kestro-objects PROPERTIES
   POSITION_INDEPENDENT_CODE ON
   CXX_VISIBILITY_PRESET hidden
   VISIBILITY_INLINES_HIDDEN ON)
+if(KESTRO_SANITIZE)
+  target_compile_options(kestro-objects PRIVATE -O1) # the tests can do without, and compile faster
+endif()
 target_include_directories(kestro-objects PUBLIC ${PROJECT_SOURCE_DIR})
 target_link_libraries(kestro-objects PUBLIC kestro-dependencies Threads::Threads PRIVATE kestro-options)
 

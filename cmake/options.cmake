@@ -9,6 +9,6 @@ if(KESTRO_WARNINGS_AS_ERRORS)
 endif()
 if(KESTRO_SANITIZE)
   target_compile_options(kestro-options INTERFACE
-    -fsanitize=${KESTRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    -fsanitize=${KESTRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kestro-options INTERFACE -fsanitize=${KESTRO_SANITIZE})
 endif()

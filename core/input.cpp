@@ -260,10 +260,10 @@ static int translate(const SDL_Event& event) {
         return noKey;
     case SDL_JOYBUTTONUP:
         return padButtonUp(event.jbutton.button);
-    case SDL_JOYDEVICEADDED:
-        return joysticksChanged("add", event.jdevice.which);
-    case SDL_JOYDEVICEREMOVED:
-        return joysticksChanged("remove", event.jdevice.which);
+    case SDL_CONTROLLERDEVICEADDED:
+        return joysticksChanged("add", event.cdevice.which);
+    case SDL_CONTROLLERDEVICEREMOVED:
+        return joysticksChanged("remove", event.cdevice.which);
     case SDL_USEREVENT:
         return event.user.code;
     default:

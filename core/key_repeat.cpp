@@ -8,7 +8,9 @@
 
 #include <SDL.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cstdint>
 
 __attribute__((weak)) Mix_Chunk* gKeyChunk = nullptr;
 
@@ -17,10 +19,40 @@ static constexpr uint64_t firstRepeatAfter = 500; // milliseconds
 static constexpr uint64_t nextRepeatAfter = 30;
 static constexpr Uint32 lookEvery = 100;
 
-/// One held key. Atomic, because clearRepeatTime writes without the lock.
-struct HeldKey {
-    std::atomic<uint64_t> start{0}; // systemms of the press or of the last repeat; 0 for not held
-    std::atomic<int> repeats{0};    // since the last clear
+/// When a key was pressed or last repeated, and how often it has been repeated. Both in one word, so that the
+/// thread can tell whether a clear, which comes without the lock, has been in between.
+class HeldKey {
+public:
+    struct State {
+        uint64_t start;   // systemms; 0 for not held
+        unsigned repeats; // since the last clear
+    };
+
+    State get() const { return unpacked(mPacked); }
+    void release() { mPacked = 0; }
+
+    /// Leaves the count alone.
+    void press(uint64_t now) {
+        uint64_t old = mPacked;
+        while (!mPacked.compare_exchange_weak(old, packed({now, unpacked(old).repeats})))
+            continue;
+    }
+
+    /// Counts a repeat, unless the state is no longer `old`.
+    void repeat(State old, uint64_t now) {
+        uint64_t expected = packed(old);
+        mPacked.compare_exchange_strong(expected, packed({now, std::min(old.repeats + 1, mostRepeats)}));
+    }
+
+private:
+    static constexpr unsigned repeatBits = 20; // a day of repeats; the rest holds the time for centuries
+    static constexpr unsigned mostRepeats = (1u << repeatBits) - 1;
+    std::atomic<uint64_t> mPacked{0};
+
+    static uint64_t packed(State state) { return state.start << repeatBits | state.repeats; }
+    static State unpacked(uint64_t word) {
+        return {word >> repeatBits, static_cast<unsigned>(word) & mostRepeats};
+    }
 };
 
 static struct {
@@ -36,7 +68,7 @@ void setRepeatTime(int code) {
     const uint64_t now = systemms();
     SDL_LockMutex(sRepeat.mutex);
     if (code >= 0 && code < keyCodes)
-        sRepeat.keys[code].start = now;
+        sRepeat.keys[code].press(now);
     SDL_UnlockMutex(sRepeat.mutex);
     tprintf("set repeat time %ld\n", static_cast<long>(now));
 }
@@ -45,10 +77,8 @@ void clearRepeatTime() {
     // Unbalanced on purpose: this thread does not hold the mutex, and both calls only fail. Before the
     // first run there is no mutex at all.
     SDL_UnlockMutex(sRepeat.mutex);
-    for (HeldKey& key : sRepeat.keys) {
-        key.start = 0;
-        key.repeats = 0;
-    }
+    for (HeldKey& key : sRepeat.keys)
+        key.release();
     SDL_CondSignal(sRepeat.wake);
     SDL_UnlockMutex(sRepeat.mutex);
     tprintf("clear repeat time\n");
@@ -58,22 +88,19 @@ void clearRepeatTime() {
 /// clear that came in between, or the key would repeat for ever.
 static bool repeatKey(int code, uint64_t now) {
     HeldKey& key = sRepeat.keys[code];
-    uint64_t start = key.start;
-    if (start == 0)
+    const HeldKey::State held = key.get();
+    if (held.start == 0)
         return false;
-    const int repeats = key.repeats;
-    const uint64_t elapsed = now - start;
-    if (elapsed <= (repeats == 0 ? firstRepeatAfter : nextRepeatAfter))
+    const uint64_t elapsed = now - held.start;
+    if (elapsed <= (held.repeats == 0 ? firstRepeatAfter : nextRepeatAfter))
         return false;
     SDL_Event event{};
     event.type = SDL_USEREVENT;
     event.user.code = code;
     SDL_PushEvent(&event);
-    int repeatsRead = repeats;
-    key.repeats.compare_exchange_strong(repeatsRead, repeats + 1);
-    tprintf("%ld send repeat key %d, count %d, diff %ld\n", static_cast<long>(now), code, repeats + 1,
-            static_cast<long>(elapsed));
-    key.start.compare_exchange_strong(start, now);
+    key.repeat(held, now);
+    tprintf("%ld send repeat key %d, count %d, diff %ld\n", static_cast<long>(now), code,
+            static_cast<int>(held.repeats + 1), static_cast<long>(elapsed));
     return true;
 }
 

@@ -32,22 +32,27 @@ enum LoopCode {
 enum class AfterInput { pace, leave };
 
 /// Watches for a window that answers without ever taking an event: the input of one frame would not end.
-/// Counting the queue walks it, so it is done only now and then.
 class StallGuard {
 public:
+    /// To be asked after every call of a handler.
     bool stalled() {
-        const int call = mCalls++ % callsInVain;
-        if (call != 0 && call != callsInVain - 1)
-            return false;
-        const int before = mQueued;
-        mQueued = SDL_PeepEvents(nullptr, 0, SDL_PEEKEVENT, 0, 0xFFFF);
-        return call != 0 && mQueued >= before;
+        ++mUncounted;
+        if (mQueued > manyEvents && mUncounted < callsBetween)
+            return false; // counting walks the queue
+        const int queued = SDL_PeepEvents(nullptr, 0, SDL_PEEKEVENT, 0, 0xFFFF);
+        mCallsInVain = queued < mQueued ? 0 : mCallsInVain + mUncounted;
+        mQueued = queued;
+        mUncounted = 0;
+        return mCallsInVain >= mostCallsInVain;
     }
 
 private:
-    static constexpr int callsInVain = 1000;
-    int mCalls = 0;
+    static constexpr int mostCallsInVain = 1000;
+    static constexpr int manyEvents = 4096;
+    static constexpr int callsBetween = 64;
     int mQueued = 0;
+    int mUncounted = 0;
+    int mCallsInVain = 0; // one after the other, after which no fewer events were queued
 };
 
 } // namespace
@@ -123,32 +128,39 @@ static void leave(Windows& windows, int code) {
     tprintf("a is %d, quit navora\n", code);
 }
 
+/// The window whose turn it is to handle input: at first the one that was drawn, if it is still there, then
+/// whichever is active. Null when the stack is empty.
+static KestroWindow* inputWindow(Windows& windows, KestroWindow* drawn) {
+    dropNullWindows(windows);
+    if (windows.empty())
+        return nullptr;
+    const bool stillThere = std::find(windows.begin(), windows.end(), drawn) != windows.end();
+    return drawn && stillThere ? drawn : windows.back();
+}
+
 /// Lets windows handle input until a code or an empty queue ends the frame's input. `peeked` receives the
 /// last event that was seen waiting.
-static AfterInput handleInput(Windows& windows, SDL_Event& peeked) {
+static AfterInput handleInput(Windows& windows, KestroWindow* drawn, SDL_Event& peeked) {
     StallGuard guard;
-    for (;;) {
-        dropNullWindows(windows);
-        if (windows.empty())
-            return AfterInput::pace;
-        const int code = windows.back()->eventHandling();
-        if (windows.empty())
-            return AfterInput::pace;
-        if (closesWindow(code, windows)) {
-            closeActive(windows, code);
-            return AfterInput::pace;
-        }
+    while (KestroWindow* const window = inputWindow(windows, drawn)) {
+        drawn = nullptr;
+        const int code = window->eventHandling();
         if (leavesLoop(code)) {
             leave(windows, code);
             return AfterInput::leave;
         }
+        if (!windows.empty() && closesWindow(code, windows)) {
+            closeActive(windows, code);
+            break;
+        }
         if (code == skipInput)
-            return AfterInput::pace;
+            break;
         SDL_PumpEvents();
         // Negative once SDL has shut down. The record may be written even when nothing waits.
         if (SDL_PeepEvents(&peeked, 1, SDL_PEEKEVENT, 0, 0xFFFF) <= 0 || guard.stalled())
-            return AfterInput::pace;
+            break;
     }
+    return AfterInput::pace;
 }
 
 static void runLoop(Windows& windows) {
@@ -157,11 +169,12 @@ static void runLoop(Windows& windows) {
         if (windows.empty())
             return;
         const uint64_t frameStart = systemms();
-        drawFrame(windows.back());
+        KestroWindow* const drawn = windows.back();
+        drawFrame(drawn);
         if (takeQueued(windows))
             continue;
         SDL_Event peeked{};
-        const AfterInput next = handleInput(windows, peeked);
+        const AfterInput next = handleInput(windows, drawn, peeked);
         if (peeked.type == SDL_QUIT)
             kestro::quitSdl(); // on purpose not the end of the loop: the windows decide that
         if (next == AfterInput::leave)

@@ -53,7 +53,7 @@ static KestroSurface* loadIn32Bits(const std::string& path) {
 }
 
 KestroSurface* LoadKestroSurface(const char* themeDir, const char* defaultDir, const char* name) {
-    if (!name)
+    if (!name || !kestro::liveRenderer())
         return nullptr;
     if (*name == '/')
         return loadIn32Bits(name);
@@ -105,6 +105,8 @@ static SurfacePtr scaled(SurfacePtr picture, int width, int height) {
 
 KestroSurface* LoadKestroSurfaceSpecSized(const char* path, int width, int height, const char* name,
                                           bool useTheme, bool keepRatio) {
+    if (!kestro::liveRenderer())
+        return nullptr;
     SurfacePtr picture(decodePicture(path ? path : ""));
     if (!picture && useTheme)
         picture = decodeFromTheme(name ? name : "");

@@ -7,9 +7,9 @@
 /// put between folder and name, so folders end in "/"; a null folder or an unusable picture passes to the
 /// next, and using the default is logged. A `name` that begins with "/" is loaded as it is.
 ///
-/// Returns a new surface with a copy of its pixels in memory, owned by the caller; null for a null `name`
-/// and when nothing could be loaded. A picture of over 16384 pixels a side or 64 megapixels counts as
-/// unusable and is logged; nothing of its size is allocated. Main thread.
+/// Returns a new surface with a copy of its pixels in memory, owned by the caller; null for a null `name`,
+/// without a screen, and when nothing could be loaded. A picture of over 16384 pixels a side or 64 megapixels
+/// counts as unusable and is logged; nothing of its size is allocated. Main thread.
 KESTRO_API KestroSurface* LoadKestroSurface(const char* themeDir, const char* defaultDir, const char* name);
 
 /// Loads the picture `path`, scaled to width x height pixels, or fitted into them when `keepRatio` is set.

@@ -1,11 +1,63 @@
 #include "gfx/picture_file.h"
 
+#include "core/log.h"
+#include "gfx/picture_size.h"
+
 #include <SDL_image.h>
+
+#include <cstring>
+#include <sys/stat.h>
+
+using kestro::PictureSize;
+
+/// Whether something is there that is no file: opening it may wait for ever.
+static bool isNoFile(const char* path) {
+    struct stat status;
+    return stat(path, &status) == 0 && !S_ISREG(status.st_mode);
+}
+
+static SDL_RWops* openFile(const char* path) {
+    if (!path || isNoFile(path)) {
+        SDL_SetError("Couldn't open %s", path ? path : "(null)");
+        return nullptr;
+    }
+    return SDL_RWFromFile(path, "rb");
+}
+
+static const char* extension(const char* path) {
+    const char* const dot = strrchr(path, '.');
+    return dot ? dot + 1 : nullptr;
+}
+
+static bool refuses(const char* path, PictureSize size) {
+    if (!kestro::isTooLarge(size))
+        return false;
+    tprintf("picture %s refused: %ux%u is too large\n", path, size.width, size.height);
+    return true;
+}
+
+static PictureSize sizeOf(const SDL_Surface* picture) {
+    return {static_cast<uint32_t>(picture->w), static_cast<uint32_t>(picture->h)};
+}
 
 namespace kestro {
 
 SDL_Surface* decodePicture(const char* path) {
-    return path ? IMG_Load(path) : nullptr;
+    SDL_RWops* const file = openFile(path);
+    if (!file)
+        return nullptr;
+    const char* const type = extension(path);
+    if (refuses(path, pictureSize(file, type))) {
+        SDL_RWclose(file);
+        return nullptr;
+    }
+    SDL_Surface* const picture = IMG_LoadTyped_RW(file, 1, type);
+    // A header that says nothing, such as a drawing's without a size, is known only now.
+    if (picture && refuses(path, sizeOf(picture))) {
+        SDL_FreeSurface(picture);
+        return nullptr;
+    }
+    return picture;
 }
 
 } // namespace kestro

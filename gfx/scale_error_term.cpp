@@ -42,24 +42,21 @@ unsigned blendThreshold(unsigned from, unsigned to) {
     return static_cast<unsigned>(std::max(half, other));
 }
 
-/// Scales a row of `sw` pixels to `dw`. Beyond the row's end stands the next row's first pixel, which may
-/// be averaged in; after the very last row nothing stands, and the last pixel is averaged with itself.
+/// Scales a row of `sw` pixels to `dw`. Beyond the row's end stands the next pixel in memory, which may be
+/// averaged in; beyond `last`, the source's very last pixel, nothing stands, and it is averaged with itself.
 template <typename Pixel>
-void scaleRow(const Pixel* src, unsigned sw, Pixel* dst, unsigned dw, bool isLastRow) {
+void scaleRow(const Pixel* src, unsigned sw, Pixel* dst, unsigned dw, const Pixel* last) {
     const Walk walk(sw, dw);
     const unsigned threshold = blendThreshold(sw, dw);
     const bool enlarging = sw < dw;
     const unsigned count = enlarging ? dw - 1 : dw;
-    const unsigned lastNeighbour = isLastRow ? sw - 1 : sw;
     unsigned error = 0;
-    unsigned at = 0;
     for (unsigned i = 0; i < count; ++i) {
-        const Pixel pixel = src[at];
-        dst[i] = threshold <= error ? average(pixel, src[std::min(at + 1, lastNeighbour)]) : pixel;
-        at += walk.step(error);
+        dst[i] = threshold <= error ? average(*src, src == last ? *src : src[1]) : *src;
+        src += walk.step(error);
     }
     if (enlarging)
-        dst[dw - 1] = src[at];
+        dst[dw - 1] = *src;
 }
 
 template <typename Pixel>
@@ -69,6 +66,7 @@ void scaleFrame(Pixel* dst, unsigned dw, unsigned dh, unsigned dstPitchBytes, co
         return;
     const size_t dstPitch = dstPitchBytes / sizeof(Pixel);
     const size_t srcPitch = srcPitchBytes / sizeof(Pixel);
+    const Pixel* const last = src + (sh - 1) * srcPitch + (sw - 1);
     const Walk walk(sh, dh);
     unsigned error = 0;
     unsigned row = 0;
@@ -81,7 +79,7 @@ void scaleFrame(Pixel* dst, unsigned dw, unsigned dh, unsigned dstPitchBytes, co
         else if (sw == dw)
             memmove(out, from, sw * sizeof(Pixel));
         else
-            scaleRow(from, sw, out, dw, row + 1 == sh);
+            scaleRow(from, sw, out, dw, last);
         previous = from;
         row += walk.step(error);
     }

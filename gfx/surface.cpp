@@ -237,6 +237,8 @@ SDL2KestroSurface* surfaceOwning(SDL_Surface* copy) {
 /// Graphics memory starts with whatever was there before.
 static void clearTarget(SDL_Renderer* renderer, SDL_Texture* texture) {
     SDL_Texture* const target = SDL_GetRenderTarget(renderer);
+    SDL_Rect viewport;
+    SDL_RenderGetViewport(renderer, &viewport);
     Uint8 r = 0;
     Uint8 g = 0;
     Uint8 b = 0;
@@ -247,6 +249,7 @@ static void clearTarget(SDL_Renderer* renderer, SDL_Texture* texture) {
         SDL_RenderClear(renderer);
         SDL_SetRenderDrawColor(renderer, r, g, b, a);
         SDL_SetRenderTarget(renderer, target);
+        SDL_RenderSetViewport(renderer, &viewport); // coming back to a texture, SDL forgets it
     }
 }
 

@@ -92,7 +92,7 @@ KestroSurface* RotateSurface(KestroSurface* s, int degrees) {
 KestroSurface* CropSurface(KestroSurface* s, SDL_Rect* rect) {
     const SDL2KestroSurface* const surface = kestro::textured(s);
     SDL_Surface* const source = surface ? surface->getSurface() : nullptr;
-    if (!rect || !source)
+    if (!rect || !source || !kestro::liveRenderer())
         return nullptr;
     tprintf("crop surface s->mSurface->format is %p\n", static_cast<void*>(source->format));
     tprintf("crop surface s->mSurface->format->format is %x\n", source->format->format);

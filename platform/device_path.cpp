@@ -1,7 +1,10 @@
 #include "platform/device_path.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <unistd.h>
 
 namespace kestro {
@@ -19,7 +22,13 @@ DevicePath::DevicePath(const char* path) : mPath(path) {
     mPath = length >= 0 && static_cast<size_t>(length) < sizeof mRooted ? mRooted : "";
 }
 
+static bool isHarmless(char c) {
+    return isalnum(static_cast<unsigned char>(c)) || (c && strchr("/._-", c));
+}
+
 std::string shellQuoted(const std::string& text) {
+    if (!text.empty() && std::all_of(text.begin(), text.end(), isHarmless))
+        return text; // so that the device's own commands stay as they are
     std::string quoted = "'";
     for (const char c : text) {
         if (c == '\'')

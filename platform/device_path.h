@@ -30,7 +30,8 @@ inline DevicePath devicePath(const char* path) {
     return DevicePath(path);
 }
 
-/// `text` as one word of a shell command, in single quotes.
+/// `text` as one word of a shell command: as it is where it is of letters, digits and "/._-" only, else in
+/// single quotes.
 std::string shellQuoted(const std::string& text);
 
 /// Runs a shell command and returns what `system` returns. Where the device root has a folder "/bin", the

@@ -3,12 +3,19 @@
 #include "core/load_order.h"
 #include "system/current_language.h"
 
+#include <type_traits>
+
 // 2 and 3 are two words that happen to be alike in English.
 std::vector<std::string> gDefaultStringList KESTRO_LOADED_DEFAULT_STRINGS = {
     "Cancel", "OK", "LOADING...", "LOADING...", "OPEN", "BACK", "NAV", "MENU",
 };
 
 std::vector<LangRecord> gLangTable KESTRO_LOADED_LANGUAGE_TABLE;
+
+static std::vector<LangInfo> sLangList KESTRO_LOADED_LANGUAGE_LIST;
+
+// A table that grows moves its records, so that texts handed out by getLangStr stay where they are.
+static_assert(std::is_nothrow_move_constructible_v<LangRecord>);
 
 int getLangIndexNum() {
     return static_cast<int>(gDefaultStringList.size());
@@ -33,4 +40,25 @@ const char* getLangStr(int index) {
             return found->second.c_str();
     }
     return getDefLang(index);
+}
+
+int getLangIndex(const char* fileName, const char* text) {
+    if (!fileName || !text)
+        return -1;
+    for (const LangRecord& record : gLangTable) {
+        if (record.fileName != fileName)
+            continue;
+        for (const auto& [index, word] : record.strings)
+            if (word == text)
+                return index;
+        return -1;
+    }
+    return -1;
+}
+
+std::vector<LangInfo>* getLangList() {
+    sLangList.clear();
+    for (const LangRecord& record : gLangTable)
+        sLangList.push_back({record.fileName, record.displayName, record.iconPath});
+    return &sLangList;
 }

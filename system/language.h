@@ -28,5 +28,27 @@ KESTRO_API const char* getLangStr(int index);
 /// The built-in word `index`; null if there is none. Valid until gDefaultStringList changes.
 KESTRO_API const char* getDefLang(int index);
 
+/// One language as a setting page shows it.
+struct LangInfo {
+    std::string fileName;
+    std::string displayName;
+    std::string iconPath;
+};
+
+/// Reads the languages from the folder "./lang" into gLangTable, English first; the others come in the
+/// order of the folder. Writes "./lang/en.lang" if it is not there. Files that cannot be used are logged and
+/// passed over. Languages with the same display name become one record, which keeps its texts and takes the
+/// shorter file name. Call it once, after the working folder is set: a second call appends the records
+/// again.
+KESTRO_API void initLang();
+
+/// The smallest index whose text in the language `fileName` equals `text`; -1 for null and when there is
+/// none.
+KESTRO_API int getLangIndex(const char* fileName, const char* text);
+
+/// One entry a language, in the order of the table. The library owns the one list, which every call fills
+/// anew.
+KESTRO_API std::vector<LangInfo>* getLangList();
+
 /// The number of string indexes.
 KESTRO_API int getLangIndexNum();

@@ -1,5 +1,7 @@
 #include "text/utf8.h"
 
+#include <algorithm>
+
 namespace kestro {
 
 static size_t leadingOnes(unsigned char byte) {
@@ -18,6 +20,11 @@ Utf8Step decodeUtf8(const char* text, size_t available) {
     for (size_t i = 1; i < length; ++i)
         codePoint = codePoint << 6 | (static_cast<unsigned char>(text[i]) & 0x3Fu);
     return {codePoint, length};
+}
+
+size_t utf8WalkLength(const char* text, size_t available) {
+    const size_t claimed = std::max<size_t>(leadingOnes(static_cast<unsigned char>(*text)), 1);
+    return std::min(claimed, available);
 }
 
 size_t countUtf8(const char* text, size_t length) {

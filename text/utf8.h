@@ -18,6 +18,10 @@ struct Utf8Step {
 /// byte with that byte as its value. So every text decodes to something, and nothing is read beyond it.
 Utf8Step decodeUtf8(const char* text, size_t available);
 
+/// The bytes that the code point at `text` claims, but not more than the `available` (at least 1). Where
+/// decodeUtf8 takes a sequence that is cut off by the end one byte at a time, this takes all that is left.
+size_t utf8WalkLength(const char* text, size_t available);
+
 /// The number of code points in the `length` bytes at `text`.
 size_t countUtf8(const char* text, size_t length);
 

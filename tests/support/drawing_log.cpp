@@ -1,6 +1,7 @@
 #include "support/drawing_log.h"
 
 #include "support/real_function.h"
+#include "support/texture_names.h"
 
 #include <SDL.h>
 
@@ -25,6 +26,23 @@ static std::string shownColor(SDL_Renderer* renderer) {
     return text;
 }
 
+static std::string shownBlending(SDL_Renderer* renderer) {
+    SDL_BlendMode mode = SDL_BLENDMODE_INVALID;
+    SDL_GetRenderDrawBlendMode(renderer, &mode);
+    switch (mode) {
+    case SDL_BLENDMODE_NONE:
+        return "replace";
+    case SDL_BLENDMODE_BLEND:
+        return "blend";
+    case SDL_BLENDMODE_ADD:
+        return "add";
+    case SDL_BLENDMODE_MOD:
+        return "mod";
+    default:
+        return "otherwise";
+    }
+}
+
 static void note(SDL_Renderer* renderer, const std::string& call) {
     if (sNoting)
         sCalls.push_back(call + (SDL_GetRenderTarget(renderer) ? " on T" : " on W"));
@@ -33,7 +51,7 @@ static void note(SDL_Renderer* renderer, const std::string& call) {
 extern "C" int SDL_RenderCopy(SDL_Renderer* renderer, SDL_Texture* texture, const SDL_Rect* src,
                               const SDL_Rect* dst) {
     static const auto real = REAL_FUNCTION(SDL_RenderCopy);
-    note(renderer, "copy " + shown(src) + " -> " + shown(dst));
+    note(renderer, TextureNames::of(texture) + " " + shown(src) + " -> " + shown(dst));
     return real(renderer, texture, src, dst);
 }
 
@@ -43,16 +61,14 @@ extern "C" int SDL_RenderCopyEx(SDL_Renderer* renderer, SDL_Texture* texture, co
     static const auto real = REAL_FUNCTION(SDL_RenderCopyEx);
     char turn[32];
     snprintf(turn, sizeof turn, "turn %g ", angle);
-    note(renderer, turn + shown(src) + " -> " + shown(dst));
+    note(renderer, turn + shown(src) + " -> " + shown(dst) + (center ? " round a point" : "") +
+                       (flip == SDL_FLIP_NONE ? "" : " flipped"));
     return real(renderer, texture, src, dst, angle, center, flip);
 }
 
 extern "C" int SDL_RenderFillRect(SDL_Renderer* renderer, const SDL_Rect* rect) {
     static const auto real = REAL_FUNCTION(SDL_RenderFillRect);
-    SDL_BlendMode mode = SDL_BLENDMODE_INVALID;
-    SDL_GetRenderDrawBlendMode(renderer, &mode);
-    const char* const blending = mode == SDL_BLENDMODE_BLEND ? " blend" : " replace";
-    note(renderer, "fill " + shown(rect) + " " + shownColor(renderer) + blending);
+    note(renderer, "fill " + shown(rect) + " " + shownColor(renderer) + " " + shownBlending(renderer));
     return real(renderer, rect);
 }
 

@@ -8,10 +8,12 @@
 ///
 ///     copy all -> 10,20 64x32 on W
 ///     copy 0,0 8x8 -> all on T
-///     turn 270 all -> -81,80 640x480 on W
-///     fill 0,0 10x10 #11223344 blend on T      (or: replace)
+///     turn 270 all -> -81,80 640x480 on W      (after the place, where they hold: round a point, flipped)
+///     fill 0,0 10x10 #11223344 blend on T      (or: replace, add, mod, otherwise)
 ///     clear #00000000 on T
 ///     present
+///
+/// While TextureNames is there too, what is copied has a name.
 class DrawingLog {
 public:
     DrawingLog();

@@ -54,9 +54,18 @@ void FakeClock::advance(uint64_t ms) {
     sMicroseconds += ms * 1000;
 }
 
+void FakeClock::advanceMicroseconds(uint64_t length) {
+    sMicroseconds += length;
+}
+
 std::vector<uint64_t> FakeClock::takeSleeps() {
     const std::lock_guard<std::mutex> lock(sSleepsLock);
     std::vector<uint64_t> sleeps;
     sleeps.swap(sSleeps);
     return sleeps;
+}
+
+uint64_t laterStart() {
+    static std::atomic<uint64_t> last{1'000'000'000'000};
+    return last += 1'000'000'000;
 }

@@ -16,7 +16,12 @@ public:
     uint64_t now() const; ///< milliseconds
     void set(uint64_t ms);
     void advance(uint64_t ms);
+    void advanceMicroseconds(uint64_t length);
 
     /// The lengths in microseconds of all sleeps since the last call.
     std::vector<uint64_t> takeSleeps();
 };
+
+/// A start for a FakeClock that lies far after all that went before in this process, so that nothing which
+/// the library remembers of an earlier test looks recent.
+uint64_t laterStart();

@@ -1,13 +1,37 @@
 #include "support/kestro_test.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 namespace fs = std::filesystem;
 
+static KestroTest* sRunning = nullptr;
+
+/// Sends failures to standard error, since the test has taken standard output for itself, and keeps them
+/// out of the log there.
+class KestroTest::FailurePrinter : public testing::EmptyTestEventListener {
+    void OnTestPartResult(const testing::TestPartResult& result) override {
+        if (!sRunning || !result.failed())
+            return;
+        fprintf(stderr, "%s:%d: Failure\n%s\n", result.file_name(), result.line_number(), result.message());
+        const std::string log = sRunning->mLog->take();
+        sRunning->mTaken += log.substr(0, log.find(std::string(result.file_name()) + ":"));
+    }
+};
+
+void KestroTest::printFailuresBesideTheLog() {
+    static bool done = false;
+    if (!done)
+        testing::UnitTest::GetInstance()->listeners().Append(new FailurePrinter);
+    done = true;
+}
+
 void KestroTest::SetUp() {
+    printFailuresBesideTheLog();
     char name[] = "/tmp/kestro-test-XXXXXX";
     ASSERT_NE(mkdtemp(name), nullptr);
     mFolder = name;
@@ -18,15 +42,21 @@ void KestroTest::SetUp() {
     gThemePath = nullptr;
     gKeyChunk = nullptr;
     mLog.emplace();
+    sRunning = this;
 }
 
 void KestroTest::TearDown() {
     const std::string unread = takeLog();
+    sRunning = nullptr;
     mLog.reset();
     EXPECT_EQ(unread, "") << "log lines that the test did not expect";
     unsetenv("KESTRO_DEVICE_ROOT");
     fs::current_path("/");
     fs::remove_all(mFolder);
+}
+
+std::string KestroTest::takeLog() {
+    return std::exchange(mTaken, {}) + mLog->take();
 }
 
 void KestroTest::writeFile(const std::string& path, const std::string& content) {

@@ -17,7 +17,7 @@ protected:
     void TearDown() override;
 
     /// What was logged since the last call.
-    std::string takeLog() { return mLog->take(); }
+    std::string takeLog();
 
     /// The working folder, without a trailing slash.
     const std::string& folder() const { return mFolder; }
@@ -32,4 +32,8 @@ protected:
 private:
     std::string mFolder;
     std::optional<LogCapture> mLog;
+    std::string mTaken; // out of the log already, but not by the test
+
+    class FailurePrinter;
+    static void printFailuresBesideTheLog();
 };

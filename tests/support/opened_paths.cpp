@@ -2,7 +2,9 @@
 
 #include "support/real_function.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cstdarg>
 #include <cstdio>
 #include <fcntl.h>
@@ -12,6 +14,7 @@
 static std::atomic<bool> sNoting{false};
 static std::mutex sLock;
 static std::vector<std::string> sPaths;
+static std::vector<std::string> sRefused;
 
 static void note(const char* path) {
     if (!sNoting)
@@ -20,8 +23,24 @@ static void note(const char* path) {
     sPaths.push_back(path);
 }
 
+static bool refused(const char* path) {
+    if (!sNoting)
+        return false;
+    const std::lock_guard<std::mutex> lock(sLock);
+    if (std::find(sRefused.begin(), sRefused.end(), path) == sRefused.end())
+        return false;
+    errno = EACCES;
+    return true;
+}
+
 extern "C" FILE* fopen(const char* path, const char* mode) {
     static const auto real = REAL_FUNCTION(fopen);
+    note(path);
+    return refused(path) ? nullptr : real(path, mode);
+}
+
+extern "C" FILE* fopen64(const char* path, const char* mode) {
+    static const auto real = REAL_FUNCTION(fopen64);
     note(path);
     return real(path, mode);
 }
@@ -39,16 +58,22 @@ extern "C" int open(const char* path, int flags, ...) {
     const int mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(arguments, int) : 0;
     va_end(arguments);
     note(path);
-    return real(path, flags, mode);
+    return refused(path) ? -1 : real(path, flags, mode);
 }
 
 OpenedPaths::OpenedPaths() {
     sPaths.clear();
+    sRefused.clear();
     sNoting = true;
 }
 
 OpenedPaths::~OpenedPaths() {
     sNoting = false;
+}
+
+void OpenedPaths::refuse(const std::string& path) {
+    const std::lock_guard<std::mutex> lock(sLock);
+    sRefused.push_back(path);
 }
 
 std::vector<std::string> OpenedPaths::take() {

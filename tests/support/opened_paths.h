@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-/// While it lives, notes every path given to fopen, open and access in this process.
+/// While it lives, notes every path given to fopen, fopen64, open and access in this process.
 class OpenedPaths {
 public:
     OpenedPaths();
@@ -13,4 +13,7 @@ public:
 
     /// The paths in the order of the calls, since the last call of this.
     std::vector<std::string> take();
+
+    /// From now on fopen and open of `path` fail, as for a user without the right to.
+    void refuse(const std::string& path);
 };

@@ -12,15 +12,21 @@ using WindowLog = std::vector<std::string>;
 /// A window that notes every call in a shared log, and answers input as the test says.
 class RecordedWindow : public KestroWindow {
 public:
-    RecordedWindow(WindowLog& log, std::string name, int type = 0)
-        : KestroWindow(-1, type), mLog(log), mName(std::move(name)) {}
-    ~RecordedWindow() override { note("deleted"); }
+    RecordedWindow(WindowLog& log, std::string name, int kind = 0)
+        : KestroWindow(-1, kind), mLog(log), mName(std::move(name)) {}
+    ~RecordedWindow() override {
+        note("deleted");
+        run(onDelete);
+    }
 
     /// The answer to each call of eventHandling; without it, 1003, which leaves the loop.
     std::function<int()> onInput;
     std::function<void()> onDraw;
     std::function<void()> onInit;
     std::function<void()> onQuit;
+    std::function<void()> onUpdate;
+    std::function<void()> onClosing;
+    std::function<void()> onDelete;
     std::function<void(cJSON*)> onSave;
 
     int eventHandling() override {
@@ -44,10 +50,19 @@ public:
         if (onSave)
             onSave(obj);
     }
-    int queryInt() override { return 0; }
-    void update() override { note("update"); }
+    int queryInt() override {
+        note("queryInt");
+        return 0;
+    }
+    void update() override {
+        note("update");
+        run(onUpdate);
+    }
     void postUpdate() override { note("postUpdate"); }
-    void onClose() override { note("onClose"); }
+    void onClose() override {
+        note("onClose");
+        run(onClosing);
+    }
 
 private:
     WindowLog& mLog;

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 using SurfacePtr = std::unique_ptr<SDL_Surface, void (*)(SDL_Surface*)>;
 
@@ -30,6 +31,27 @@ void ScreenTest::openScreen(int width, int height, int rotate) {
     SDL_SetRenderDrawColor(gRenderer, 0, 0, 0, 255);
     SDL_RenderClear(gRenderer);
     takeLog();
+}
+
+void ScreenTest::quitSdl() {
+    static std::vector<SDL_Renderer*> left;
+    left.push_back(gRenderer);
+    SDL_Quit();
+}
+
+void AcceleratedScreenTest::SetUp() {
+    setenv("SDL_VIDEODRIVER", "offscreen", 1);
+    unsetenv("SDL_RENDER_DRIVER");
+    ScreenTest::SetUp();
+    SDL_RendererInfo info{};
+    ASSERT_EQ(SDL_GetRendererInfo(gRenderer, &info), 0);
+    ASSERT_TRUE(info.flags & SDL_RENDERER_ACCELERATED) << info.name;
+}
+
+void AcceleratedScreenTest::TearDown() {
+    ScreenTest::TearDown();
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    setenv("SDL_RENDER_DRIVER", "software", 1);
 }
 
 SDL_Surface* filledSurface(int w, int h, Uint32 color) {
@@ -75,23 +97,32 @@ static Uint32* rowOf(SDL_Surface* surface, int y) {
     return reinterpret_cast<Uint32*>(static_cast<char*>(surface->pixels) + y * surface->pitch);
 }
 
+static bool isNear(Uint32 wanted, Uint32 got, int tolerance) {
+    for (int shift = 0; shift < 32; shift += 8) {
+        const int off = static_cast<int>(wanted >> shift & 0xFF) - static_cast<int>(got >> shift & 0xFF);
+        if (off > tolerance || off < -tolerance)
+            return false;
+    }
+    return true;
+}
+
 /// A picture that is white where the two differ. `count` receives the number of such pixels.
-static SurfacePtr difference(SDL_Surface* wanted, SDL_Surface* got, int& count) {
+static SurfacePtr difference(SDL_Surface* wanted, SDL_Surface* got, int tolerance, int& count) {
     SurfacePtr picture(filledSurface(got->w, got->h, 0xFF000000), SDL_FreeSurface);
     count = 0;
     for (int y = 0; y < got->h; ++y)
         for (int x = 0; x < got->w; ++x)
-            if (rowOf(wanted, y)[x] != rowOf(got, y)[x]) {
+            if (!isNear(rowOf(wanted, y)[x], rowOf(got, y)[x], tolerance)) {
                 rowOf(picture.get(), y)[x] = 0xFFFFFFFF;
                 ++count;
             }
     return picture;
 }
 
-void ScreenTest::expectPicture(const std::string& name) {
+void ScreenTest::expectPicture(const std::string& name, int tolerance) {
     const SurfacePtr got(frame(), SDL_FreeSurface);
     const std::string golden = TEST_GOLDEN "/" + name + ".png";
-    if (getenv("KESTRO_UPDATE_GOLDEN")) {
+    if (getenv("KESTRO_UPDATE_GOLDEN") && tolerance == 0) {
         std::filesystem::create_directories(TEST_GOLDEN);
         IMG_SavePNG(got.get(), golden.c_str());
         FAIL() << "wrote " << golden << "; look at it, and run again without KESTRO_UPDATE_GOLDEN";
@@ -105,7 +136,7 @@ void ScreenTest::expectPicture(const std::string& name) {
                << "-got.png";
     }
     int count = 0;
-    const SurfacePtr differing = difference(wanted.get(), got.get(), count);
+    const SurfacePtr differing = difference(wanted.get(), got.get(), tolerance, count);
     if (count == 0)
         return;
     IMG_SavePNG(wanted.get(), (failed + "-wanted.png").c_str());

@@ -1,0 +1,86 @@
+#include "navora/folder.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <strings.h>
+#include <sys/stat.h>
+
+namespace fs = std::filesystem;
+
+namespace navora {
+
+bool readEntry(const std::string& path, Entry& entry) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0)
+        return false;
+    const bool isFolder = S_ISDIR(status.st_mode);
+    entry = {fs::path(path).filename().string(), path, isFolder,
+             isFolder ? 0 : static_cast<long long>(status.st_size), status.st_mtime};
+    return isFolder || S_ISREG(status.st_mode);
+}
+
+static std::string upperExtension(const Entry& entry) {
+    std::string extension = fs::path(entry.name).extension().string();
+    for (char& c : extension)
+        c = static_cast<char>(SDL_toupper(static_cast<unsigned char>(c)));
+    return extension.empty() ? extension : extension.substr(1);
+}
+
+static bool isPicture(const Entry& entry) {
+    static const char* const extensions[] = {"PNG", "JPG", "JPEG", "BMP", "GIF", "WEBP"};
+    const std::string extension = upperExtension(entry);
+    return std::find(std::begin(extensions), std::end(extensions), extension) != std::end(extensions);
+}
+
+const char* iconOf(const Entry& entry) {
+    static const struct {
+        const char* extension;
+        const char* icon;
+    } icons[] = {
+        {"TXT", "skin/ic-text.png"},  {"MD", "skin/ic-text.png"},   {"OGG", "skin/ic-music.png"},
+        {"MP3", "skin/ic-music.png"}, {"WAV", "skin/ic-music.png"}, {"MP4", "skin/ic-video.png"},
+        {"MKV", "skin/ic-video.png"},
+    };
+    if (isPicture(entry))
+        return "skin/ic-image.png";
+    const std::string extension = upperExtension(entry);
+    for (const auto& [known, icon] : icons)
+        if (extension == known)
+            return icon;
+    return "skin/ic-file.png";
+}
+
+std::string pictureOf(const Entry& entry) {
+    if (entry.isFolder)
+        return "";
+    if (isPicture(entry))
+        return entry.path;
+    const std::string beside = fs::path(entry.path).replace_extension(".png").string();
+    struct stat status {};
+    return stat(beside.c_str(), &status) == 0 && S_ISREG(status.st_mode) ? beside : "";
+}
+
+static std::string sizeText(long long bytes) {
+    if (bytes < 1000)
+        return std::to_string(bytes) + " bytes";
+    static const char* const units[] = {"kB", "MB", "GB", "TB"};
+    double size = static_cast<double>(bytes) / 1000.0;
+    int unit = 0;
+    for (; size >= 999.5 && unit < 3; ++unit)
+        size /= 1000.0;
+    char text[32];
+    snprintf(text, sizeof text, size < 9.95 ? "%.1f %s" : "%.0f %s", size, units[unit]);
+    return text;
+}
+
+std::string describe(const Entry& entry) {
+    if (entry.isFolder)
+        return "Folder";
+    const std::string extension = upperExtension(entry);
+    return (extension.empty() ? "File" : extension) + ", " + sizeText(entry.size);
+}
+
+} // namespace navora

@@ -1,0 +1,57 @@
+#include "navora/home_page.h"
+
+#include "core/window_stack.h"
+#include "gfx/text.h"
+#include "menu/text_menu.h"
+#include "navora/clock.h"
+#include "navora/games_page.h"
+#include "navora/look.h"
+#include "navora/settings_page.h"
+#include "navora/words.h"
+#include "shell/skin.h"
+
+namespace navora {
+
+static std::unique_ptr<TextMenuDrawer> makeList() {
+    auto list = std::make_unique<TextMenu>("skin/bg-list-f.png", "skin/bg-list-n.png", 6, 0);
+    list->setShowNumber(false);
+    list->setShowListNumber(false);
+    return list;
+}
+
+HomePage::HomePage(Shell& shell, std::string gamesFolder)
+    : ListPage(shell, wordHome, makeList()), mGamesFolder(std::move(gamesFolder)) {
+    addRow(wordGames, "skin/ic-game.png", openGames);
+    addRow(wordSettings, "skin/ic-settings.png", openSettings);
+}
+
+void HomePage::addRow(int word, const char* icon, int (*open)(void*)) {
+    auto* const row = new TextMenuItem(nullptr, nullptr, new GeneralAction(open, this), true);
+    row->setLabelId(word); // follows the language
+    row->setImagePath(icon);
+    static_cast<TextMenu&>(list()).insertItem(static_cast<TextMenuItemProvider*>(row));
+}
+
+int HomePage::openGames(void* page) {
+    auto* const home = static_cast<HomePage*>(page);
+    add2PopupList(new GamesPage(home->shell(), home->mGamesFolder));
+    return loopIgnored;
+}
+
+int HomePage::openSettings(void* page) {
+    add2PopupList(new SettingsPage(static_cast<HomePage*>(page)->shell()));
+    return loopIgnored;
+}
+
+/// There is nothing to go back to: back and menu leave the launcher.
+int HomePage::answer(int code) {
+    return code == keyA || code == keyB || code == keyMenu ? loopQuit : code;
+}
+
+void HomePage::drawContent() {
+    ListPage::drawContent();
+    const SDL_Rect place{margin, 0, screenWidth - 2 * margin, headerHeight};
+    DrawString(gNavFont, place, clockText().c_str(), gNavColorTxt, 4, false, false);
+}
+
+} // namespace navora

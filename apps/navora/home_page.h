@@ -1,0 +1,27 @@
+#pragma once
+
+#include "navora/page.h"
+
+#include <string>
+
+namespace navora {
+
+/// The first page: where one can go, and what time it is.
+class HomePage : public ListPage {
+public:
+    /// `gamesFolder` is an absolute path.
+    HomePage(Shell& shell, std::string gamesFolder);
+
+protected:
+    int answer(int code) override;
+    void drawContent() override;
+
+private:
+    std::string mGamesFolder;
+
+    void addRow(int word, const char* icon, int (*open)(void*));
+    static int openGames(void* page);
+    static int openSettings(void* page);
+};
+
+} // namespace navora

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "gfx/surface.h"
+
+#include <SDL_ttf.h>
+
+#include <string>
+
+namespace navora {
+
+/// The pages' common measures, in pixels.
+constexpr int screenWidth = 1280;
+constexpr int screenHeight = 720;
+constexpr int margin = 40;
+constexpr int headerHeight = 80;
+constexpr int footerTop = 650;
+
+/// Draws a picture in its own size; nothing for null.
+void drawAt(KestroSurface* picture, int x, int y);
+
+/// Draws a picture into the middle of a rectangle; nothing for null.
+void drawCentred(KestroSurface* picture, const SDL_Rect& rect);
+
+/// Draws one line, cut to the width of `rect` with an ellipsis.
+void drawCut(TTF_Font* font, const SDL_Rect& rect, const std::string& text, SDL_Color color, int align);
+
+/// Draws a text in lines of at most the width of `rect`, the last of `maxLines` with an ellipsis if more
+/// is left. Returns the height of what was drawn.
+int drawWrapped(TTF_Font* font, SDL_Rect rect, std::string text, SDL_Color color, int maxLines);
+
+} // namespace navora

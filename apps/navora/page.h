@@ -1,0 +1,79 @@
+#pragma once
+
+#include "core/window.h"
+#include "menu/text_menu_drawer.h"
+#include "navora/scripted_input.h"
+
+#include <memory>
+
+namespace navora {
+
+enum KeyCode { keyA = 1, keyB = 2, keyMenu = 11 };
+
+enum LoopCode { loopIgnored = 0, loopClose = 1002, loopQuit = 1003 };
+
+/// Makes every page leave the window loop at its next input. Any thread.
+void leaveLoop();
+
+/// What the pages share; it outlives all of them.
+struct Shell {
+    ScriptedInput& script;
+};
+
+/// A full-screen window of the launcher: background, title above, hints at the buttons below, and what a page
+/// of its own kind puts in between.
+class Page : public KestroWindow {
+public:
+    Page(Shell& shell, int titleId);
+
+    int eventHandling() final;
+    int draw() final;
+    void quit() override {}
+    void init() override {}
+    void saveState(cJSON*) override {}
+    int queryInt() override { return 0; }
+    void update() override;
+
+protected:
+    Shell& shell() const { return mShell; }
+
+    /// The language index of the A button's hint; negative for none.
+    virtual int confirmHint() const { return 4; }
+
+    virtual void drawContent() = 0;
+
+    /// Reads and acts on one key, and returns a loop code.
+    virtual int handleInput() = 0;
+
+    /// Takes over a new theme.
+    virtual void themeChanged() {}
+
+private:
+    Shell& mShell;
+    int mThemeNumber; // of the theme that the page shows
+
+    void drawHints() const;
+};
+
+/// A page around one list.
+class ListPage : public Page {
+public:
+    ListPage(Shell& shell, int titleId, std::unique_ptr<TextMenuDrawer> list);
+
+protected:
+    TextMenuDrawer& list() const { return *mList; }
+    void setList(std::unique_ptr<TextMenuDrawer> list) { mList = std::move(list); }
+
+    void drawContent() override;
+    int handleInput() override;
+    void themeChanged() override { mList->refresh(); }
+
+    /// What a code of the list means for the loop. By default the back key, which is whatever key the list
+    /// has left over, closes the page.
+    virtual int answer(int code);
+
+private:
+    std::unique_ptr<TextMenuDrawer> mList;
+};
+
+} // namespace navora

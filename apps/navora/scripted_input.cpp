@@ -1,0 +1,92 @@
+#include "navora/scripted_input.h"
+
+#include "core/window_stack.h"
+#include "gfx/screen.h"
+#include "gfx/transform.h"
+#include "navora/page.h"
+
+#include <SDL_image.h>
+
+#include <cstdio>
+#include <memory>
+#include <utility>
+
+namespace navora {
+
+namespace {
+
+struct Key {
+    const char* name;
+    SDL_Scancode code;
+};
+
+} // namespace
+
+static constexpr Key sKeys[] = {
+    {"up", SDL_SCANCODE_UP},       {"down", SDL_SCANCODE_DOWN},    {"left", SDL_SCANCODE_LEFT},
+    {"right", SDL_SCANCODE_RIGHT}, {"a", SDL_SCANCODE_SPACE},      {"b", SDL_SCANCODE_LCTRL},
+    {"x", SDL_SCANCODE_LSHIFT},    {"y", SDL_SCANCODE_LALT},       {"start", SDL_SCANCODE_RETURN},
+    {"l", SDL_SCANCODE_TAB},       {"select", SDL_SCANCODE_RCTRL}, {"menu", SDL_SCANCODE_ESCAPE},
+    {"r", SDL_SCANCODE_BACKSPACE},
+};
+
+static const Key* findKey(const std::string& name) {
+    for (const Key& key : sKeys)
+        if (name == key.name)
+            return &key;
+    return nullptr;
+}
+
+bool isKeyName(const std::string& name) {
+    return findKey(name) != nullptr;
+}
+
+static void pushKey(SDL_Scancode code, Uint32 type) {
+    SDL_Event event{};
+    event.type = type;
+    event.key.state = type == SDL_KEYDOWN ? SDL_PRESSED : SDL_RELEASED;
+    event.key.keysym.scancode = code;
+    event.key.keysym.sym = SDL_GetKeyFromScancode(code);
+    SDL_PushEvent(&event);
+}
+
+ScriptedInput::ScriptedInput(std::vector<std::string> keys, std::string shot, bool rotated)
+    : mKeys(std::move(keys)), mShot(std::move(shot)), mRotated(rotated) {}
+
+void ScriptedInput::frameBegins() {
+    if (!gPopupList.empty())
+        return; // the next key is for the window that is about to open
+    if (mPressed < mKeys.size()) {
+        const SDL_Scancode code = findKey(mKeys[mPressed++])->code;
+        pushKey(code, SDL_KEYDOWN);
+        pushKey(code, SDL_KEYUP);
+    } else if (!mShot.empty() && mShotState == pending && ++mFramesSince == 2) {
+        takeShot(); // the first of the two frames has shown what the last key did
+        leaveLoop();
+    }
+}
+
+void ScriptedInput::takeShot() {
+    mShotState = failed;
+    std::unique_ptr<KestroSurface> picture(ScreenSnapshot());
+    if (mRotated)
+        picture.reset(RotateSurface(picture.get(), 90));
+    const auto* const copy = dynamic_cast<SDL2KestroSurface*>(picture.get());
+    SDL_Surface* const opaque =
+        copy ? SDL_ConvertSurfaceFormat(copy->getSurface(), SDL_PIXELFORMAT_RGB24, 0) : nullptr;
+    if (opaque && IMG_SavePNG(opaque, mShot.c_str()) == 0)
+        mShotState = written;
+    else
+        fprintf(stderr, "navora: cannot write '%s': %s\n", mShot.c_str(), SDL_GetError());
+    SDL_FreeSurface(opaque);
+}
+
+bool ScriptedInput::shotFailed() const {
+    if (mShot.empty() || mShotState == written)
+        return false;
+    if (mShotState == pending)
+        fprintf(stderr, "navora: the launcher has ended before '%s' could be written\n", mShot.c_str());
+    return true;
+}
+
+} // namespace navora

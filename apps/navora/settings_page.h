@@ -1,0 +1,46 @@
+#pragma once
+
+#include "menu/setting_menu.h"
+#include "navora/page.h"
+#include "navora/setting_values.h"
+
+#include <memory>
+#include <vector>
+
+namespace navora {
+
+/// What the settings file stores, to be looked at and changed. A change shows at once, and is written when
+/// the page is left.
+class SettingsPage : public ListPage {
+public:
+    explicit SettingsPage(Shell& shell);
+    ~SettingsPage() override;
+
+    void quit() override;
+
+protected:
+    int confirmHint() const override { return -1; }
+    void themeChanged() override;
+
+private:
+    struct Pictures;
+
+    std::unique_ptr<Pictures> mPictures;
+    std::vector<std::unique_ptr<ValueHandler>> mValues;
+    std::vector<std::unique_ptr<SwitchHandler>> mSwitches;
+
+    SettingMenu& menu() { return static_cast<SettingMenu&>(list()); }
+    void addRows();
+    void addLookRows();
+    void addScreenRows();
+    void addSoundRows();
+    void addClockRows();
+    void addDeviceRows();
+    void addValue(int word, SteppedValue::Range range, std::function<int()> get, std::function<void(int)> set,
+                  std::function<std::string(int)> show = nullptr);
+    void addTableValue(int word, int index, SteppedValue::Range range);
+    void addSwitch(int word, std::function<bool()> get, std::function<void(bool)> set);
+    void addTableSwitch(int word, int index);
+};
+
+} // namespace navora

@@ -1,0 +1,36 @@
+#include "navora/words.h"
+
+#include "system/language.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace navora {
+
+void addWords() {
+    static constexpr const char* words[] = {
+        "Home",       "Games",        "Settings",      "Language",           "Theme",
+        "Brightness", "Contrast",     "Saturation",    "Colour temperature", "Volume",
+        "Key tone",   "Swap A and B", "24-hour clock", "Time zone",          "Dim the screen after",
+        "LED",        "Rumble",       "Wi-Fi",         "Bluetooth",          "Default",
+        "Never",      "Nothing here", "%d seconds",    "%d minutes",         "Size",
+        "Changed",
+    };
+    gDefaultStringList.insert(gDefaultStringList.end(), std::begin(words), std::end(words));
+}
+
+static bool hasOneNumber(const char* format) {
+    const char* const first = strchr(format, '%');
+    return first && first[1] == 'd' && !strchr(first + 1, '%');
+}
+
+const char* counted(Word word, int number) {
+    static char text[64];
+    const char* const translated = getLangStr(word);
+    const char* const format = hasOneNumber(translated) ? translated : getDefLang(word);
+    const char* const place = strstr(format, "%d");
+    snprintf(text, sizeof text, "%.*s%d%s", static_cast<int>(place - format), format, number, place + 2);
+    return text;
+}
+
+} // namespace navora

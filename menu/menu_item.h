@@ -1,0 +1,109 @@
+#pragma once
+
+#include "core/export.h"
+#include "gfx/surface.h"
+#include "menu/action.h"
+
+#include <cstdint>
+#include <string>
+
+/// Anything that a list can hold as a row.
+class KESTRO_API ListRow {
+public:
+    ListRow() = default;
+    virtual ~ListRow();
+    ListRow(const ListRow&) = delete;
+    ListRow& operator=(const ListRow&) = delete;
+};
+
+/// A row of text as the list drawer sees it. Main thread.
+class KESTRO_API TextMenuItemProvider : public ListRow {
+public:
+    /// What runs when the row is chosen, null for nothing; stays the row's.
+    virtual Action* getAction();
+
+    /// The path of the row's icon; empty for none.
+    virtual std::string getImagePath();
+
+    /// A text that a search looks in too.
+    virtual std::string getExtraText();
+
+    /// The path of the row's thumbnail; empty for none.
+    virtual std::string getSecondImagePath();
+
+    /// The text of the row.
+    virtual std::string getLabel() = 0;
+
+    /// The second line; a row that has one is drawn on two lines.
+    virtual std::string getSubLabel();
+
+    /// An icon that the row has at hand, null for none; stays its owner's.
+    virtual KestroSurface* getLabelIcon();
+
+    /// For the host; null by default.
+    virtual void* getUserData();
+
+    /// A flag for the host; false by default.
+    virtual bool getFirstFlag();
+
+    /// A folder of pictures for this row; empty by default.
+    virtual std::string getThemePath();
+};
+
+/// The row that there is: a label, and what else a row can have.
+class KESTRO_API TextMenuItem : public TextMenuItemProvider {
+public:
+    /// `label` may be null: then the word `labelId` is shown (see setLabelId). `icon` stays its owner's,
+    /// may be null, and is logged if it is not. `action` may be null; with `ownsAction` the row deletes it.
+    TextMenuItem(const char* label, KestroSurface* icon, Action* action, bool ownsAction);
+    ~TextMenuItem() override;
+
+    Action* getAction() override { return mAction; }
+    std::string getImagePath() override { return mFourthText; }
+    std::string getExtraText() override { return mThirdText; }
+    std::string getSecondImagePath() override { return mFifthText; }
+    std::string getLabel() override;
+    std::string getSubLabel() override;
+    KestroSurface* getLabelIcon() override { return mLabelIcon; }
+    bool getFirstFlag() override { return mFirstFlag; }
+    std::string getThemePath() override;
+
+    /// The label. Null counts as empty, and an empty one shows the word `labelId`.
+    void setLabel(const char* label);
+    /// Index of a word (see getLangStr) that stands in for an empty label. -1 at first, which is no word.
+    void setLabelId(int id) { mLabelId = id; }
+    int getLabelId() const { return mLabelId; }
+
+    /// The second line, made like the label. It is shown only after setSubLabelPresent(true).
+    void setSubLabel(const char* text);
+    void setSubLabelId(int id) { mSubLabelId = id; }
+    void setSubLabelPresent(bool present) { mSubLabelPresent = present; }
+
+    /// The texts behind getExtraText, getImagePath and getSecondImagePath. Null counts as empty.
+    void setExtraText(const char* text);
+    void setImagePath(const char* path);
+    void setSecondImagePath(const char* path);
+
+    /// Two flags for the host; false at first.
+    void setFirstFlag(bool flag) { mFirstFlag = flag; }
+    void setSecondFlag(bool flag) { mSecondFlag = flag; }
+    bool getSecondFlag() const { return mSecondFlag; }
+
+    /// The label as it was given, without the word that may stand in for it.
+    const std::string& labelText() const { return mLabel; }
+
+private:
+    std::string mLabel;
+    int32_t mLabelId;
+    Action* mAction;
+    bool mOwnsAction;
+    bool mFirstFlag;
+    bool mSecondFlag;
+    KestroSurface* mLabelIcon;
+    int64_t mSubLabelPresent;
+    std::string mSubLabel;
+    int32_t mSubLabelId;
+    std::string mThirdText;
+    std::string mFourthText;
+    std::string mFifthText;
+};

@@ -1,0 +1,203 @@
+#include "menu/text_menu_drawer.h"
+
+#include "gfx/font_height.h"
+#include "gfx/text.h"
+#include "menu/label_highlight.h"
+#include "shell/bar_layout.h"
+#include "shell/skin.h"
+#include "system/language.h"
+#include "text/pinyin.h"
+#include "text/utf8.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+using kestro::fontHeight;
+
+static constexpr int thumbnailSide = 300; // pixels
+static constexpr int thumbnailMargin = 40;
+static constexpr int iconMargin = 16;
+
+/// Where a row stands, and how.
+struct TextMenuDrawer::RowPlace {
+    int y;
+    bool isCurrent; // of a focused list
+    bool shadow;
+    SDL_Rect label;
+};
+
+void TextMenuDrawer::layOutPage(int count, int rowsPerPage) {
+    if (mFirstVisible == 0 && mLastVisible == 0)
+        mLastVisible = rowsPerPage - 1;
+    if (mCursor < mFirstVisible) {
+        mFirstVisible = mCursor;
+        mLastVisible = mCursor + rowsPerPage - 1;
+    }
+    if (mCursor > mLastVisible) {
+        mLastVisible = mCursor;
+        mFirstVisible = mCursor - rowsPerPage + 1;
+    }
+    mFirstVisible = std::max(mFirstVisible, 0);
+    mLastVisible = std::min(mLastVisible, count - 1);
+}
+
+int TextMenuDrawer::draw() {
+    const int count = getListNum();
+    if (count < 1)
+        return 0;
+    layOutPage(count, mRowsPerPage);
+    for (int index = mFirstVisible; index <= mLastVisible; ++index)
+        drawRow(index);
+    drawThumbnail();
+    if (mShowListNumber)
+        drawListNumAtStatBar(mCursor + 1, count);
+    return 0;
+}
+
+void TextMenuDrawer::drawBackground(const RowPlace& place) {
+    KestroSurface* const background = place.isCurrent ? mSelectedBackground : mNormalBackground;
+    if (!background)
+        return;
+    // A picture higher than the row is cut to the row here, and stretched to its own height again when it is
+    // drawn: pictures are made as high as their rows.
+    SDL_Rect src{0, 0, mRect.w, mItemHeight};
+    SDL_Rect dst{mRect.x + mLeftMargin, place.y, 0, 0};
+    if (background->getHeight() < mItemHeight)
+        dst.y += (mItemHeight - background->getHeight()) / 2;
+    background->render(&src, &dst, true, nullptr);
+}
+
+KestroSurface* TextMenuDrawer::iconOf(TextMenuItemProvider* row) {
+    if (mRowIcon || !row)
+        return mRowIcon;
+    if (KestroSurface* const own = row->getLabelIcon())
+        return own;
+    const int side = mItemHeight - 2 * iconMargin;
+    return side > 0 ? getRowImage(row->getImagePath().c_str(), side, side) : nullptr;
+}
+
+void TextMenuDrawer::drawIcon(KestroSurface* icon, RowPlace& place) {
+    if (!icon)
+        return;
+    SDL_Rect dst{place.label.x, place.y + (mItemHeight - icon->getHeight()) / 2, 0, 0};
+    icon->render(nullptr, &dst, true, nullptr);
+    place.label.x += icon->getWidth() + 2;
+    place.label.w -= icon->getWidth();
+}
+
+void TextMenuDrawer::drawRow(int index) {
+    const int y = mRect.y + (index - mFirstVisible) * (mItemHeight + mYSpaceInList);
+    const bool isCurrent = mFocus && index == mCursor;
+    RowPlace place{y, isCurrent, mShadow && isCurrent, {mRect.x + 30, y, mRect.w - 60, mItemHeight}};
+    drawBackground(place);
+    if (mShowNumber) {
+        SDL_Rect box{mRect.x + 28, y + 5, 60, mItemHeight - 5};
+        drawListNum(index + 1, box, gListFontSubtxt);
+        place.label.x = mRect.x + 95;
+        place.label.w = mRect.w - 120;
+    }
+    auto* const row = dynamic_cast<TextMenuItemProvider*>(getItemByIndex(index));
+    drawIcon(iconOf(row), place);
+    if (row) {
+        drawLabel(*row, place);
+        return;
+    }
+    SDL_Rect label = place.label;
+    label.y += (mItemHeight - fontHeight(gListFontTxt)) / 2 - 2;
+    DrawString(gListFontTxt, label, getLangStr(3), mTextColor, 0, place.shadow, false);
+}
+
+/// The text if it fits, else as much of it as fits and an ellipsis.
+static std::string cutToWidth(TTF_Font* font, std::string text, int width) {
+    const int kept = getTruncateLen(font, text.c_str(), 0, width);
+    if (kept > 0) {
+        text.resize(kestro::utf8Offset(text.c_str(), text.size(), static_cast<size_t>(kept)));
+        text += "...";
+    }
+    return text;
+}
+
+void TextMenuDrawer::drawLabel(TextMenuItemProvider& row, const RowPlace& place) {
+    const std::string subLabel = row.getSubLabel();
+    if (!subLabel.empty()) {
+        drawTwoLines(row, subLabel, place);
+        return;
+    }
+    SDL_Rect rect = place.label;
+    if (mLabelAlign == 0)
+        rect.y += (mItemHeight - fontHeight(gListFontTxt)) / 2 - 2;
+    drawSearched(row, rect, mLabelAlign, place.shadow);
+}
+
+void TextMenuDrawer::drawTwoLines(TextMenuItemProvider& row, const std::string& subLabel,
+                                  const RowPlace& place) {
+    static constexpr int firstBaseline = 60; // where the lines end, in pixels below the row's top
+    static constexpr int secondBaseline = 90;
+    const int height = fontHeight(gListFontTxt);
+    const int subHeight = fontHeight(gListFontSubtxt);
+    const SDL_Rect first{place.label.x, place.y + firstBaseline - height, place.label.w, height};
+    const SDL_Rect second{place.label.x, place.y + secondBaseline - subHeight, place.label.w, subHeight};
+    drawSearched(row, first, 0, place.shadow);
+    const std::string shown = cutToWidth(gListFontSubtxt, subLabel, place.label.w);
+    DrawString(gListFontSubtxt, second, shown.c_str(), gListColorSubtxt, 0, place.shadow, false);
+}
+
+void TextMenuDrawer::drawSearched(TextMenuItemProvider& row, const SDL_Rect& rect, int align, bool shadow) {
+    const std::string label = cutToWidth(gListFontTxt, row.getLabel(), rect.w);
+    if (mKeyword.empty()) {
+        drawListText(gListFontTxt, rect, label.c_str(), mTextColor, align, shadow, "", "", "", "");
+        return;
+    }
+    using Initials = std::unique_ptr<char, void (*)(void*)>;
+    const std::string extra = row.getExtraText();
+    const Initials labelInitials(GetPinyinInitials2(label.c_str()), free);
+    const Initials extraInitials(GetPinyinInitials2(extra.c_str()), free);
+    drawListText(gListFontTxt, rect, label.c_str(), mTextColor, align, shadow, mKeyword.c_str(),
+                 labelInitials.get(), extraInitials.get(), extra.c_str());
+}
+
+int TextMenuDrawer::drawListText(TTF_Font* font, SDL_Rect rect, const char* text, SDL_Color color, int align,
+                                 bool shadow, const char* keyword, const char* textInitials,
+                                 const char* extraInitials, const char* extraText) {
+    const auto orEmpty = [](const char* given) { return given ? given : ""; };
+    const kestro::SearchedLabel label{orEmpty(text), orEmpty(keyword), orEmpty(textInitials),
+                                      orEmpty(extraInitials), extraText};
+    kestro::drawHighlighted({font, color, align, shadow}, rect, label, mPiece);
+    return 0;
+}
+
+int TextMenuDrawer::drawListNum(int number, SDL_Rect& rect, TTF_Font* font) {
+    char text[16];
+    snprintf(text, sizeof text, "%04d", std::min(number, 9999));
+    return DrawString(font, rect, text, gListColorSeq, 1, false, false);
+}
+
+/// The current row's, at the right of the list, over the rows.
+void TextMenuDrawer::drawThumbnail() {
+    if (!mFocus)
+        return;
+    auto* const row = dynamic_cast<TextMenuItemProvider*>(getItemByIndex(mCursor));
+    KestroSurface* const picture =
+        row ? getRowImage(row->getSecondImagePath().c_str(), thumbnailSide, thumbnailSide) : nullptr;
+    if (!picture)
+        return;
+    const int boxX = mRect.x + mRect.w - thumbnailMargin - thumbnailSide;
+    const int boxY = mRect.y + (mRect.h - thumbnailSide) / 2;
+    SDL_Rect dst{boxX + (thumbnailSide - picture->getWidth()) / 2,
+                 boxY + (thumbnailSide - picture->getHeight()) / 2, 0, 0};
+    picture->render(nullptr, &dst, true, nullptr);
+}
+
+int drawListNumAtStatBar(int current, int total) {
+    static char text[256];
+    SDL_Rect rect{640, gListNumOfStatBarOffsetY, 616, fontHeight(gStatFont)};
+    snprintf(text, sizeof text, "%d", total);
+    const int width = DrawString(gStatFont, rect, text, gStatColorTxt, 2, false, false);
+    rect.x -= width;
+    snprintf(text, sizeof text, "%d/", current);
+    DrawString(gStatFont, rect, text, gStatColorTxt, 2, false, false);
+    return 0;
+}

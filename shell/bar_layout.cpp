@@ -1,0 +1,3 @@
+#include "shell/bar_layout.h"
+
+int gListNumOfStatBarOffsetY = 671;

@@ -1,0 +1,26 @@
+#include "shell/icon_cache.h"
+
+#include "core/host.h"
+#include "gfx/image.h"
+
+KestroSurface* getIconFromCache(const char* path) {
+    if (!path)
+        return nullptr;
+    if (void* const cached = gIconCache.get(path))
+        return static_cast<KestroSurface*>(cached);
+    KestroSurface* const icon = LoadKestroSurface(gThemePath, "./", path);
+    if (icon)
+        gIconCache.put(path, icon);
+    return icon;
+}
+
+int drawCachedIconCentered(const SDL_Rect& cell, const char* path) {
+    KestroSurface* const icon = getIconFromCache(path);
+    if (!icon)
+        return 0;
+    SDL_Rect place = cell;
+    place.x += (33 - icon->getWidth()) / 2;
+    place.y += (32 - icon->getHeight()) / 2;
+    icon->render(nullptr, &place, true, nullptr);
+    return 0;
+}

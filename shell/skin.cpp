@@ -1,0 +1,116 @@
+#include "shell/skin.h"
+
+#include "core/host.h"
+#include "core/log.h"
+#include "gfx/image.h"
+#include "gfx/surface_cache.h"
+#include "platform/device_path.h"
+#include "system/json_file.h"
+#include "system/json_lookup_internal.h"
+
+#include <cstdio>
+#include <cstring>
+#include <unistd.h>
+
+static constexpr SDL_Color green{54, 255, 160, 0};
+static constexpr SDL_Color white{255, 255, 255, 255};
+
+// Until the skin is loaded all colours are transparent black.
+SDL_Color gHighlightColor, gPopupColorTitle, gPopupColorTxt, gPopupColorBtn, gStatColorTxt;
+SDL_Color gListColorTxt, gListColorSubtxt, gListColorSeq, gNavColorTxt, gNavColorIcon;
+
+TTF_Font *gNavFont, *gNavFontIcon, *gListFontTxt, *gListFontSubtxt, *gStatFont;
+TTF_Font *gMenuFont, *gPopupFontTitle, *gPopupFontTxt, *gPopupFontBtn;
+
+KestroSurface *gIconVideo, *gIconFolder, *gBackground, *gIconBack;
+KestroSurface *gIconMenu, *gIconA, *gIconB, *gBackgroundFloat;
+
+static constexpr struct {
+    SDL_Color* color;
+    SDL_Color value;
+} colors[] = {
+    {&gHighlightColor, green},  {&gPopupColorTitle, green}, {&gPopupColorTxt, white},
+    {&gPopupColorBtn, white},   {&gStatColorTxt, white},    {&gListColorTxt, white},
+    {&gListColorSubtxt, white}, {&gListColorSeq, white},    {&gNavColorTxt, white},
+    {&gNavColorIcon, white},
+};
+
+static constexpr struct {
+    TTF_Font** font;
+    int points;
+} fonts[] = {
+    {&gNavFont, 32},  {&gNavFontIcon, 24},    {&gListFontTxt, 36},  {&gListFontSubtxt, 24}, {&gStatFont, 24},
+    {&gMenuFont, 36}, {&gPopupFontTitle, 44}, {&gPopupFontTxt, 36}, {&gPopupFontBtn, 36},
+};
+
+static constexpr struct {
+    KestroSurface** picture;
+    const char* name;
+} pictures[] = {
+    {&gIconVideo, "skin/ic-video.png"},  {&gIconFolder, "skin/ic-folder.png"},
+    {&gBackground, "skin/bg.png"},       {&gIconBack, "skin/icon-back.png"},
+    {&gIconMenu, "skin/tips-MENU2.png"}, {&gIconA, "skin/tips-A.png"},
+    {&gIconB, "skin/tips-B.png"},        {&gBackgroundFloat, "skin/float-win-mask.png"},
+};
+
+static TTF_Font* openSkinFont(int points) {
+    static constexpr char path[] = "./"
+                                   "regular.ttf";
+    tprintf("open %s\n", path);
+    return TTF_OpenFont(path, points);
+}
+
+static void loadPictures() {
+    for (const auto& [picture, name] : pictures) {
+        *picture = LoadKestroSurface(gThemePath, "./", name);
+        if (picture == &gBackground && !gBackground)
+            tprintf("open background fail: %s\n", SDL_GetError());
+    }
+}
+
+int init_shared_skin() {
+    uninit_shared_skin();
+    if (!TTF_WasInit())
+        TTF_Init();
+    for (const auto& [color, value] : colors)
+        *color = value;
+    for (const auto& [font, points] : fonts)
+        *font = openSkinFont(points);
+    loadPictures();
+    return 0;
+}
+
+static void deletePicture(KestroSurface*& picture) {
+    delete picture;
+    picture = nullptr;
+}
+
+int uninit_shared_skin() {
+    // A font opened later may get the address of one closed now, which is part of the texts' keys.
+    gTextSurfaceCache.clear();
+    for (const auto& [font, points] : fonts) {
+        if (*font && TTF_WasInit())
+            TTF_CloseFont(*font);
+        *font = nullptr;
+    }
+    deletePicture(gIconFolder); // before the other icons
+    for (const auto& [picture, name] : pictures)
+        deletePicture(*picture);
+    return 0;
+}
+
+static char* themeIn(const cJSON* root) {
+    const char* const path = kestro::findText(root, "theme");
+    return path && access(path, F_OK) == 0 ? strdup(path) : nullptr;
+}
+
+int loadThemeInfo(char** theme) {
+    FILE* const file = fopen(kestro::devicePath("/mnt/UDISK/system.json"), "r");
+    if (!file)
+        return 0;
+    const kestro::JsonPtr root = kestro::parseFile("system.json", file);
+    if (root && theme)
+        *theme = themeIn(root.get());
+    fclose(file);
+    return 0;
+}

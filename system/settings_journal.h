@@ -1,0 +1,21 @@
+#pragma once
+
+#include "system/json_file.h"
+
+namespace kestro {
+
+/// Whether setSettingsJournal has switched the journal on.
+bool journalIsOn();
+
+/// Writes `text` durably to the side copy of `path`. Does nothing and returns true while the journal is off.
+/// False, with a log line, if the copy could not be written: then the file must not be touched.
+bool writeSideCopy(const char* path, const char* text);
+
+/// Ends the protection of `path` after `written`, an open file with the same text, is complete: syncs it and
+/// removes the side copy. Does nothing while the journal is off.
+void endSideCopy(const char* path, FILE* written);
+
+/// The side copy of `path` if the journal is on and the copy is usable; it is logged.
+JsonPtr parseSideCopy(const char* path);
+
+} // namespace kestro

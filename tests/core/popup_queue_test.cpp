@@ -1,0 +1,216 @@
+#include "core/window_stack.h"
+#include "support/input_events.h"
+#include "support/window_test.h"
+
+class PopupQueueTest : public WindowTest {};
+
+static constexpr const char* added = "add popup window\n";
+static const std::string left = "a is 1003, quit navora\n";
+
+TEST_F(PopupQueueTest, QueuedWindowIsInitialisedAndDrawnBeforeAnyInput) {
+    addWindow("a");
+    add2PopupList(makeWindow("p"));
+    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(takeCalls(),
+              drawn("a") + "p.init " + drawn("p") + "p.eventHandling p.quit p.deleted a.quit a.deleted");
+    EXPECT_TRUE(gPopupList.empty());
+}
+
+TEST_F(PopupQueueTest, TakingAWindowIsNotPaced) {
+    addWindow("a");
+    add2PopupList(makeWindow("p"));
+    run();
+    EXPECT_TRUE(clock.takeSleeps().empty());
+}
+
+TEST_F(PopupQueueTest, QueuedFromAHandlerItComesAfterTheNextDrawing) {
+    RecordedWindow* const a = addWindow("a");
+    a->onInput = [&] {
+        add2PopupList(makeWindow("p"));
+        return 0;
+    };
+    run();
+    EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling " + drawn("a") + "p.init " + drawn("p") +
+                               "p.eventHandling p.quit p.deleted a.quit a.deleted");
+}
+
+TEST_F(PopupQueueTest, QueuedWhileDrawingItComesInTheSameFrame) {
+    RecordedWindow* const a = addWindow("a");
+    a->onDraw = [this, once = true]() mutable {
+        if (once)
+            add2PopupList(makeWindow("p"));
+        once = false;
+    };
+    run();
+    EXPECT_EQ(takeCalls(),
+              drawn("a") + "p.init " + drawn("p") + "p.eventHandling p.quit p.deleted a.quit a.deleted");
+}
+
+TEST_F(PopupQueueTest, UnderTheQueuedWindowTheOldOneComesBack) {
+    addWindow("a");
+    RecordedWindow* const popup = makeWindow("p");
+    popup->onInput = answers({1002});
+    add2PopupList(popup);
+    EXPECT_EQ(run(), added + std::string("a is 1002, popup current window\n") + left + freed({0}));
+    EXPECT_EQ(takeCalls(), drawn("a") + "p.init " + drawn("p") +
+                               "p.eventHandling p.onClose p.quit p.deleted " + drawn("a") +
+                               "a.eventHandling a.quit a.deleted");
+}
+
+TEST_F(PopupQueueTest, NewestWinsAndTheDisplacedIsDeletedWithoutInit) {
+    add2PopupList(makeWindow("first"));
+    add2PopupList(makeWindow("second"));
+    EXPECT_EQ(takeCalls(), "first.quit first.deleted");
+    addWindow("a");
+    run();
+    EXPECT_EQ(takeCalls(), drawn("a") + "second.init " + drawn("second") +
+                               "second.eventHandling second.quit second.deleted a.quit a.deleted");
+}
+
+TEST_F(PopupQueueTest, TwoInOneFrameShowOnlyTheSecond) {
+    RecordedWindow* const a = addWindow("a");
+    a->onInput = [&] {
+        add2PopupList(makeWindow("first"));
+        add2PopupList(makeWindow("second"));
+        return 0;
+    };
+    run();
+    EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling first.quit first.deleted " + drawn("a") +
+                               "second.init " + drawn("second") +
+                               "second.eventHandling second.quit second.deleted a.quit a.deleted");
+}
+
+TEST_F(PopupQueueTest, AtMostOneWindowWaits) {
+    RecordedWindow* last = nullptr;
+    for (int i = 0; i < 5; ++i)
+        add2PopupList(last = makeWindow("p"));
+    EXPECT_THAT(gPopupList, testing::ElementsAre(last));
+}
+
+TEST_F(PopupQueueTest, QueueingTheSameWindowAgainKeepsIt) {
+    RecordedWindow* const popup = makeWindow("p");
+    add2PopupList(popup);
+    add2PopupList(popup);
+    EXPECT_EQ(takeCalls(), "");
+    EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
+}
+
+TEST_F(PopupQueueTest, QueueingAWindowAgainDisplacesTheOthers) {
+    RecordedWindow* const popup = makeWindow("p");
+    gPopupList = {makeWindow("x"), popup, makeWindow("y")};
+    add2PopupList(popup);
+    EXPECT_EQ(takeCalls(), "x.quit x.deleted y.quit y.deleted");
+    EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
+}
+
+TEST_F(PopupQueueTest, NullEmptiesTheQueue) {
+    add2PopupList(makeWindow("p"));
+    add2PopupList(nullptr);
+    EXPECT_EQ(takeCalls(), "p.quit p.deleted");
+    EXPECT_TRUE(gPopupList.empty());
+}
+
+TEST_F(PopupQueueTest, NullInTheQueueIsPassedOver) {
+    gPopupList = {nullptr, makeWindow("x")};
+    RecordedWindow* const popup = makeWindow("p");
+    add2PopupList(popup);
+    EXPECT_EQ(takeCalls(), "x.quit x.deleted");
+    EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
+}
+
+TEST_F(PopupQueueTest, LoopTakesTheLastOfSeveralAndDiscardsTheOthers) {
+    gPopupList = {makeWindow("x"), nullptr, makeWindow("y"), makeWindow("p")};
+    addWindow("a");
+    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(takeCalls(), drawn("a") + "p.init x.quit x.deleted y.quit y.deleted " + drawn("p") +
+                               "p.eventHandling p.quit p.deleted a.quit a.deleted");
+    EXPECT_TRUE(gPopupList.empty());
+}
+
+TEST_F(PopupQueueTest, NullAsTheNewestIsNoWindow) {
+    gPopupList = {makeWindow("x"), nullptr};
+    addWindow("a");
+    EXPECT_EQ(run(), left + freed({0}));
+    EXPECT_THAT(takeCalls(), testing::AllOf(testing::HasSubstr("x.quit x.deleted"),
+                                            testing::Not(testing::HasSubstr("x.init"))));
+}
+
+TEST_F(PopupQueueTest, InitThatQueuesAnotherIsShownFirstItself) {
+    addWindow("a");
+    RecordedWindow* const popup = makeWindow("p");
+    popup->onInit = [this] { add2PopupList(makeWindow("q")); };
+    add2PopupList(popup);
+    EXPECT_EQ(run(), added + std::string(added) + left + freed({0, 0, 0}));
+    EXPECT_EQ(takeCalls(), drawn("a") + "p.init " + drawn("p") + "q.init " + drawn("q") +
+                               "q.eventHandling q.quit q.deleted p.quit p.deleted a.quit a.deleted");
+}
+
+TEST_F(PopupQueueTest, WindowQueuedByADisplacedOnesEndWaitsForTheNextFrame) {
+    RecordedWindow* const displaced = makeWindow("x");
+    displaced->onQuit = [this] { add2PopupList(makeWindow("q")); };
+    gPopupList = {displaced, makeWindow("p")};
+    addWindow("a");
+    run();
+    EXPECT_EQ(takeCalls(), drawn("a") + "p.init x.quit x.deleted " + drawn("p") + "q.init " + drawn("q") +
+                               "q.eventHandling q.quit q.deleted p.quit p.deleted a.quit a.deleted");
+}
+
+TEST_F(PopupQueueTest, WindowQueuedByADisplacedOnesDestructorIsNotLost) {
+    RecordedWindow* const displaced = makeWindow("x");
+    displaced->onDelete = [this] { add2PopupList(makeWindow("q")); };
+    add2PopupList(displaced);
+    add2PopupList(makeWindow("p"));
+    addWindow("a");
+    run();
+    const std::string calls = takeCalls();
+    EXPECT_THAT(calls, testing::StartsWith("x.quit x.deleted "));
+    EXPECT_THAT(calls, testing::HasSubstr(drawn("p") + "p.eventHandling"));
+    EXPECT_THAT(calls, testing::HasSubstr("q.quit q.deleted"));
+}
+
+TEST_F(PopupQueueTest, WindowQueuedWithTheLastCodeWaitsForTheNextRun) {
+    RecordedWindow* const a = addWindow("a");
+    RecordedWindow* const popup = makeWindow("p");
+    a->onInput = [&] {
+        add2PopupList(popup);
+        return 1003;
+    };
+    run();
+    EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling a.quit a.deleted");
+    EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
+
+    addWindow("b");
+    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(takeCalls(),
+              drawn("b") + "p.init " + drawn("p") + "p.eventHandling p.quit p.deleted b.quit b.deleted");
+}
+
+TEST_F(PopupQueueTest, WindowQueuedByTheLastOneThatClosesWaitsForTheNextRun) {
+    RecordedWindow* const a = addWindow("a");
+    a->onInput = answers({1005});
+    a->onClosing = [this] { add2PopupList(makeWindow("p")); };
+    run();
+    EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling a.onClose a.quit a.deleted");
+    EXPECT_EQ(gPopupList.size(), 1u);
+}
+
+TEST_F(PopupQueueTest, AnEmptyStackTakesNoQueuedWindow) {
+    RecordedWindow* const popup = makeWindow("p");
+    add2PopupList(popup);
+    EXPECT_EQ(run(), freed({}));
+    EXPECT_EQ(takeCalls(), "");
+    EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
+}
+
+TEST_F(PopupQueueTest, QueuedWindowIsNotTheActiveOneUntilTheFrameEnds) {
+    addWindow("below");
+    RecordedWindow* const above = addWindow("above");
+    above->onInput = [&] {
+        add2PopupList(makeWindow("p"));
+        return 1002;
+    };
+    run();
+    EXPECT_EQ(takeCalls(), drawn("above") + "above.eventHandling above.onClose above.quit above.deleted " +
+                               drawn("below") + "p.init " + drawn("p") +
+                               "p.eventHandling p.quit p.deleted below.quit below.deleted");
+}

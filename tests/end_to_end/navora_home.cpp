@@ -1,0 +1,53 @@
+#include "end_to_end/navora_run.h"
+
+#include <gmock/gmock.h>
+
+using ::testing::HasSubstr;
+
+class NavoraHomeTest : public NavoraTest {
+protected:
+    Picture homeShot(const std::string& keys = "", const std::vector<std::string>& moreOptions = {}) {
+        return shot(mFolder.path(), keys, moreOptions).without(layout::clock);
+    }
+};
+
+TEST_F(NavoraHomeTest, HasTwoRowsAndTheCursorWraps) {
+    EXPECT_EQ(cursorRow(homeShot()), 0);
+    EXPECT_EQ(cursorRow(homeShot("down")), 1);
+    EXPECT_EQ(homeShot("down,down"), homeShot());
+    EXPECT_EQ(homeShot("up"), homeShot("down"));
+    EXPECT_NE(rowText(homeShot("down"), 0), rowText(homeShot(), 1));
+}
+
+TEST_F(NavoraHomeTest, TellsTheTime) {
+    EXPECT_GT(shot(mFolder.path()).part({1140, 20, 100, 40}).colors(), 30);
+}
+
+TEST_F(NavoraHomeTest, AOpensThePageUnderTheCursorAndBComesBack) {
+    const Picture games = homeShot("a");
+    const Picture settings = homeShot("down,a");
+    EXPECT_NE(games.part(layout::title), homeShot().part(layout::title));
+    EXPECT_NE(settings.part(layout::title), homeShot().part(layout::title));
+    EXPECT_NE(settings.part(layout::title), games.part(layout::title));
+    EXPECT_EQ(homeShot("a,b"), homeShot());
+    EXPECT_EQ(homeShot("down,a,b"), homeShot("down"));
+}
+
+TEST_F(NavoraHomeTest, BAndMenuLeave) {
+    for (const char* keys : {"b", "menu", "down,b", "a,b,b", "a,menu,menu", "down,a,b,menu"}) {
+        const Outcome run = runNavora({"--keys", keys, mFolder.path()}, {"SDL_VIDEODRIVER=dummy"});
+        EXPECT_EQ(run.exitCode, 0) << keys;
+        EXPECT_THAT(run.output, HasSubstr("a is 1003, quit navora\n")) << keys;
+    }
+}
+
+TEST_F(NavoraHomeTest, TheOtherKeysDoNothing) {
+    EXPECT_EQ(homeShot("down,left,right,x,y,start,select,l,r"), homeShot("down"));
+}
+
+TEST_F(NavoraHomeTest, TheLanguageOfTheCommandLineIsShown) {
+    const Picture chinese = homeShot("", {"--lang", "ch.lang"});
+    EXPECT_NE(rowText(chinese, 0), rowText(homeShot(), 0));
+    EXPECT_NE(rowText(chinese, 1), rowText(homeShot(), 1));
+    EXPECT_EQ(homeShot("", {"--lang", "en.lang"}), homeShot());
+}

@@ -1,0 +1,94 @@
+# shellcheck shell=bash disable=SC2034
+# What ./run, ./test and .ci/run need from Debian, and how it gets there. Sourced, not run.
+
+packages_to_run=(
+  g++ cmake ninja-build pkg-config
+  libsdl2-dev libsdl2-ttf-dev libsdl2-image-dev libsdl2-mixer-dev libcjson-dev
+  fonts-wqy-microhei
+)
+# Besides those above.
+packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 xvfb xauth xdotool)
+packages_to_check=(clang-format shellcheck valgrind)
+
+on_debian() {
+  command -v dpkg-query >/dev/null && command -v apt-get >/dev/null
+}
+
+# Whether what the Debian package $1 holds is here, on a system that does not know Debian's packages.
+present_elsewhere() {
+  case $1 in
+    ninja-build) command -v ninja >/dev/null ;;
+    xvfb) command -v Xvfb >/dev/null ;;
+    libsdl2-dev) pkg-config --exists sdl2 ;;
+    libsdl2-ttf-dev) pkg-config --exists SDL2_ttf ;;
+    libsdl2-image-dev) pkg-config --exists SDL2_image ;;
+    libsdl2-mixer-dev) pkg-config --exists SDL2_mixer ;;
+    libcjson-dev) pkg-config --exists libcjson ;;
+    libgtest-dev) pkg-config --exists gtest ;;
+    libgmock-dev) pkg-config --exists gmock ;;
+    libx11-dev) pkg-config --exists x11 ;;
+    fonts-wqy-microhei) [[ -n $(find -L /usr/share/fonts -name wqy-microhei.ttc -print -quit 2>/dev/null) ]] ;;
+    libgl1-mesa-dri | libegl1) true ;; # comes with any desktop
+    *) command -v "$1" >/dev/null ;;
+  esac
+}
+
+# Prints those of the packages "$@" that are not installed, one a line.
+missing_packages() {
+  local package
+  if on_debian; then
+    local installed
+    installed=$(dpkg-query --show --showformat '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true)
+    for package in "$@"; do
+      grep -qxF "installed $package" <<<"$installed" || echo "$package"
+    done
+  else
+    for package in "$@"; do
+      present_elsewhere "$package" 2>/dev/null || echo "$package"
+    done
+  fi
+}
+
+# Runs apt-get as root. Its many lines go to the file $apt_log.
+apt_get() {
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get -q -y -o DPkg::Lock::Timeout=120 "$@" </dev/null >>"$apt_log" 2>&1
+}
+
+# Installs "$@", with fresh package lists if the lists here do not know them all, or know them no longer.
+apt_install() {
+  local install=(install --no-install-recommends "$@")
+  if apt-cache show --no-all-versions "$@" >/dev/null 2>&1 && apt_get "${install[@]}"; then
+    return
+  fi
+  apt_get update && apt_get "${install[@]}"
+}
+
+# Sees to it that the packages "$@" are installed; ends the script if that cannot be.
+require_packages() {
+  local missing as_root=() apt_log=build/packages.log
+  mapfile -t missing < <(missing_packages "$@")
+  if ((${#missing[@]} == 0)); then
+    return
+  fi
+  if ! on_debian; then
+    echo "Missing here, by the names of their Debian packages: ${missing[*]}. Please install them." >&2
+    exit 1
+  fi
+  local by_hand="apt-get update && apt-get install --no-install-recommends ${missing[*]}"
+  if [[ $(id -u) != 0 ]]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Packages are missing, and installing them needs root. Run as root: $by_hand" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing from Debian (details in $apt_log): ${missing[*]}" >&2
+  mkdir -p build
+  : >"$apt_log"
+  if ! apt_install "${missing[@]}"; then
+    tail -n 20 "$apt_log" >&2
+    echo "That did not work; all of it is in $apt_log. To do it by hand, run as root: $by_hand" >&2
+    exit 1
+  fi
+}
