@@ -99,7 +99,7 @@ static void loadTheme(const Loading& loading, const KeyRow& row, const cJSON*) {
 
 static void loadStoreUrl(const Loading& loading, const KeyRow& row, const cJSON*) {
     // What a host may still point to stays valid, and within reach of leak checkers.
-    static std::vector<char*> replaced;
+    static auto& replaced = *new std::vector<char*>;
     if (gStoreUrl)
         replaced.push_back(gStoreUrl);
     const char* const url = kestro::findText(loading.root, row.key);

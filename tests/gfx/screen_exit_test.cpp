@@ -2,6 +2,7 @@
 #include "gfx/surface_cache.h"
 #include "gfx/text.h"
 #include "support/kestro_test.h"
+#include "support/screen_test.h"
 #include "support/surfaces.h"
 
 #include <SDL_ttf.h>
@@ -20,6 +21,7 @@ protected:
     }
 
     static void useOpenGl() {
+        skipLeakCheck();
         setenv("SDL_VIDEODRIVER", "offscreen", 1);
         setenv("SDL_RENDER_DRIVER", "opengl", 1);
     }
@@ -29,7 +31,7 @@ protected:
         if (SDL_Init(SDL_INIT_VIDEO) != 0 || !ScreenInit(320, 240, 32, rotate))
             exit(7);
         TTF_Init();
-        TTF_Font* const font = TTF_OpenFont(TEST_FONT, 20);
+        static TTF_Font* const font = TTF_OpenFont(TEST_FONT, 20);
         for (int i = 0; i < 120; ++i) {
             const std::string name = "entry " + std::to_string(i);
             if (DrawString(font, {0, 0, 320, 240}, name.c_str(), {9, 9, 9, 255}, 1, true, false) == 0)
