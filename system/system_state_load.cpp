@@ -66,7 +66,7 @@ static void loadSwitchOrKeep(const Loading& loading, const KeyRow& row, const cJ
 
 /// The volume's integer, as the two rows below see it: 0 when it is absent or not a number.
 static int volumeInteger(const Loading& loading) {
-    const cJSON* const volume = kestro::findItem(loading.root, "vol");
+    const cJSON* const volume = kestro::findNumber(loading.root, "vol");
     return volume ? volume->valueint : 0;
 }
 
