@@ -5,8 +5,8 @@
 #include "gfx/image.h"
 #include "gfx/surface_cache.h"
 #include "platform/device_path.h"
-#include "system/json_file.h"
 #include "system/json_lookup_internal.h"
+#include "system/settings_journal.h"
 
 #include <cstdio>
 #include <cstring>
@@ -105,12 +105,9 @@ static char* themeIn(const cJSON* root) {
 }
 
 int loadThemeInfo(char** theme) {
-    FILE* const file = fopen(kestro::devicePath("/mnt/UDISK/system.json"), "r");
-    if (!file)
-        return 0;
-    const kestro::JsonPtr root = kestro::parseFile("system.json", file);
+    const kestro::DevicePath path("/mnt/UDISK/system.json");
+    const kestro::JsonPtr root = kestro::parseSettings(path);
     if (root && theme)
         *theme = themeIn(root.get());
-    fclose(file);
     return 0;
 }

@@ -53,5 +53,6 @@ KESTRO_API int uninit_shared_skin();
 
 /// Reads the theme's folder from the settings file "/mnt/UDISK/system.json". `*theme` receives a new copy,
 /// which the caller frees, or null when the file names none or one that does not exist; it stays as it is
-/// when the file cannot be read or parsed. `theme` may be null. Returns 0.
+/// when the file cannot be read or parsed. The settings' journal, where it is on (setSettingsJournal), stands
+/// in for such a file. `theme` may be null. Returns 0.
 KESTRO_API int loadThemeInfo(char** theme);
