@@ -5,12 +5,8 @@
 #include "gfx/image.h"
 #include "gfx/surface_cache.h"
 #include "platform/device_path.h"
-#include "system/json_lookup_internal.h"
 #include "system/settings_journal.h"
-
-#include <cstdio>
-#include <cstring>
-#include <unistd.h>
+#include "system/system_state_keys.h"
 
 static constexpr SDL_Color green{54, 255, 160, 0};
 static constexpr SDL_Color white{255, 255, 255, 255};
@@ -99,15 +95,10 @@ int uninit_shared_skin() {
     return 0;
 }
 
-static char* themeIn(const cJSON* root) {
-    const char* const path = kestro::findText(root, "theme");
-    return path && access(path, F_OK) == 0 ? strdup(path) : nullptr;
-}
-
 int loadThemeInfo(char** theme) {
     const kestro::DevicePath path("/mnt/UDISK/system.json");
     const kestro::JsonPtr root = kestro::parseSettings(path);
     if (root && theme)
-        *theme = themeIn(root.get());
+        *theme = kestro::existingTheme(root.get());
     return 0;
 }
