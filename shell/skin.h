@@ -44,7 +44,7 @@ extern KESTRO_API KestroSurface* gBackgroundFloat; ///< "skin/float-win-mask.png
 
 /// Sets the colours, opens the fonts and loads the pictures of the current theme (gThemePath). Call it once
 /// the screen is open; a skin that is already there is released first. Starts SDL_ttf if the host has not.
-/// Returns 0.
+/// Returns 0. Main thread, like everything here.
 KESTRO_API int init_shared_skin();
 
 /// Closes the fonts and deletes the pictures, and forgets the rendered texts, which belong to those fonts.

@@ -50,5 +50,5 @@ KESTRO_API int getLangIndex(const char* fileName, const char* text);
 /// anew.
 KESTRO_API std::vector<LangInfo>* getLangList();
 
-/// The number of string indexes.
+/// The number of string indexes. All of this is for the main thread.
 KESTRO_API int getLangIndexNum();

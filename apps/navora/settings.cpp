@@ -17,6 +17,7 @@ static std::string sChosenLanguage; // where this run has another one, else empt
 
 void loadSettings(const Options& options) {
     char* theme = nullptr;
+    setSettingsJournal(true);
     loadSystemState(gShmInfo, &theme);
     loadSystemFunction();
     addWords();

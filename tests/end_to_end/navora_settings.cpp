@@ -3,6 +3,7 @@
 #include <cJSON.h>
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <set>
@@ -151,6 +152,14 @@ TEST_F(NavoraSettingsTest, NothingIsSavedBeforeThePageIsOpened) {
     EXPECT_EQ(saved("brightness"), "");
     deviceShot("down,a,b");
     EXPECT_EQ(saved("brightness"), "6");
+}
+
+TEST_F(NavoraSettingsTest, APowerCutWhileTheyAreSavedLeavesThem) {
+    const Picture page = settingsShot("right");
+    std::filesystem::rename(mDevice.path("mnt/UDISK/system.json"), mDevice.path("mnt/UDISK/system.json.new"));
+    mDevice.addFile("mnt/UDISK/system.json");
+    EXPECT_EQ(settingsShot(), page);
+    EXPECT_FALSE(std::filesystem::exists(mDevice.path("mnt/UDISK/system.json.new"))) << "saved again";
 }
 
 TEST_F(NavoraSettingsTest, AChangeOfThemeShowsAtOnceAndStays) {
