@@ -42,8 +42,8 @@ struct LangInfo {
 /// again.
 KESTRO_API void initLang();
 
-/// The smallest index whose text in the language `fileName` equals `text`; -1 for null and when there is
-/// none.
+/// The smallest index whose text in the first record of the file `fileName` equals `text`; -1 for null and
+/// when there is none.
 KESTRO_API int getLangIndex(const char* fileName, const char* text);
 
 /// One entry a language, in the order of the table. The library owns the one list, which every call fills
