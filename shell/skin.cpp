@@ -5,12 +5,8 @@
 #include "gfx/image.h"
 #include "gfx/surface_cache.h"
 #include "platform/device_path.h"
-#include "system/json_file.h"
-#include "system/json_lookup_internal.h"
-
-#include <cstdio>
-#include <cstring>
-#include <unistd.h>
+#include "system/settings_journal.h"
+#include "system/system_state_keys.h"
 
 static constexpr SDL_Color green{54, 255, 160, 0};
 static constexpr SDL_Color white{255, 255, 255, 255};
@@ -99,18 +95,10 @@ int uninit_shared_skin() {
     return 0;
 }
 
-static char* themeIn(const cJSON* root) {
-    const char* const path = kestro::findText(root, "theme");
-    return path && access(path, F_OK) == 0 ? strdup(path) : nullptr;
-}
-
 int loadThemeInfo(char** theme) {
-    FILE* const file = fopen(kestro::devicePath("/mnt/UDISK/system.json"), "r");
-    if (!file)
-        return 0;
-    const kestro::JsonPtr root = kestro::parseFile("system.json", file);
+    const kestro::DevicePath path("/mnt/UDISK/system.json");
+    const kestro::JsonPtr root = kestro::parseSettings(path);
     if (root && theme)
-        *theme = themeIn(root.get());
-    fclose(file);
+        *theme = kestro::existingTheme(root.get());
     return 0;
 }

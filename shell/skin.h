@@ -44,7 +44,7 @@ extern KESTRO_API KestroSurface* gBackgroundFloat; ///< "skin/float-win-mask.png
 
 /// Sets the colours, opens the fonts and loads the pictures of the current theme (gThemePath). Call it once
 /// the screen is open; a skin that is already there is released first. Starts SDL_ttf if the host has not.
-/// Returns 0.
+/// Returns 0. Main thread, like everything here.
 KESTRO_API int init_shared_skin();
 
 /// Closes the fonts and deletes the pictures, and forgets the rendered texts, which belong to those fonts.
@@ -53,5 +53,6 @@ KESTRO_API int uninit_shared_skin();
 
 /// Reads the theme's folder from the settings file "/mnt/UDISK/system.json". `*theme` receives a new copy,
 /// which the caller frees, or null when the file names none or one that does not exist; it stays as it is
-/// when the file cannot be read or parsed. `theme` may be null. Returns 0.
+/// when the file cannot be read or parsed. The settings' journal, where it is on (setSettingsJournal), stands
+/// in for such a file. `theme` may be null. Returns 0.
 KESTRO_API int loadThemeInfo(char** theme);

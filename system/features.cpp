@@ -2,11 +2,9 @@
 
 #include "core/host.h"
 #include "platform/device_path.h"
-#include "system/content.h"
 #include "system/json_file.h"
 #include "system/json_lookup_internal.h"
 
-#include <cstdio>
 #include <string>
 
 using kestro::devicePath;
@@ -35,14 +33,13 @@ static void apply(const cJSON* root) {
 }
 
 void loadSystemFunction() {
-    FILE* file = fopen(devicePath("/mnt/SDCARD/features.json"), "r");
-    if (!file)
-        file = fopen(devicePath("/usr/kestro/features.json"), "r");
-    if (!file)
-        return;
-    if (const kestro::JsonPtr root = kestro::parseFile("features.json", file))
+    bool opened = false;
+    kestro::JsonPtr root =
+        kestro::parsePath("features.json", devicePath("/mnt/SDCARD/features.json"), &opened);
+    if (!opened)
+        root = kestro::parsePath("features.json", devicePath("/usr/kestro/features.json"));
+    if (root)
         apply(root.get());
-    fclose(file);
 }
 
 int getBluetoothFlag(void* shm) {

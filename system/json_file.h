@@ -2,7 +2,6 @@
 
 #include <cJSON.h>
 
-#include <cstdio>
 #include <memory>
 
 namespace kestro {
@@ -17,9 +16,9 @@ struct FreeJsonText {
 };
 using JsonTextPtr = std::unique_ptr<char, FreeJsonText>;
 
-/// Reads and parses an open file, which stays open. `name` stands for it in log lines. Null on failure;
-/// only loadContent logs.
-JsonPtr parseFile(const char* name, FILE* file);
+/// Reads and parses the file `path`; `name` stands for it in log lines. Null if it cannot be opened, which
+/// `*opened`, if given, tells apart, or on another failure; only loadContent logs.
+JsonPtr parsePath(const char* name, const char* path, bool* opened = nullptr);
 
 /// The formatted text of a tree; null when there is no memory for it.
 JsonTextPtr printed(const cJSON* root);

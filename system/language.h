@@ -42,13 +42,13 @@ struct LangInfo {
 /// again.
 KESTRO_API void initLang();
 
-/// The smallest index whose text in the language `fileName` equals `text`; -1 for null and when there is
-/// none.
+/// The smallest index whose text in the first record of the file `fileName` equals `text`; -1 for null and
+/// when there is none.
 KESTRO_API int getLangIndex(const char* fileName, const char* text);
 
 /// One entry a language, in the order of the table. The library owns the one list, which every call fills
 /// anew.
 KESTRO_API std::vector<LangInfo>* getLangList();
 
-/// The number of string indexes.
+/// The number of string indexes. All of this is for the main thread.
 KESTRO_API int getLangIndexNum();

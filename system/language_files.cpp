@@ -5,6 +5,7 @@
 #include "system/json_file.h"
 #include "system/json_lookup_internal.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <dirent.h>

@@ -3,10 +3,12 @@
 #include "core/log.h"
 #include "system/system_state.h"
 
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <string>
 #include <unistd.h>
+#include <utility>
 
 static bool sJournal = false;
 
@@ -38,14 +40,6 @@ namespace kestro {
 
 bool journalIsOn() {
     return sJournal;
-}
-
-static JsonPtr parsePath(const char* name, const char* path) {
-    FILE* const file = fopen(path, "r");
-    JsonPtr root = file ? parseFile(name, file) : nullptr;
-    if (file)
-        fclose(file);
-    return root;
 }
 
 /// A copy that is all that a power cut has left goes back into the file before it is written over: a second
@@ -89,18 +83,17 @@ void endSideCopy(const char* path, FILE* written) {
         syncFolderOf(copy);
 }
 
-JsonPtr parseSideCopy(const char* path) {
-    if (!sJournal)
-        return nullptr;
+static JsonPtr parseSideCopy(const char* path) {
     const std::string copy = sideCopyOf(path);
-    FILE* const file = fopen(copy.c_str(), "r");
-    if (!file)
-        return nullptr;
-    JsonPtr root = parseFile(copy.c_str(), file);
-    fclose(file);
+    JsonPtr root = parsePath(copy.c_str(), copy.c_str());
     if (root)
         tprintf("%s is unusable, use %s\n", path, copy.c_str());
     return root;
+}
+
+JsonPtr parseSettings(const char* path, bool* opened) {
+    JsonPtr root = parsePath("system.json", path, opened);
+    return !root && sJournal ? parseSideCopy(path) : std::move(root);
 }
 
 } // namespace kestro

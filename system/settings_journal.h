@@ -15,7 +15,8 @@ bool writeSideCopy(const char* path, const char* text);
 /// removes the side copy. Does nothing while the journal is off.
 void endSideCopy(const char* path, FILE* written);
 
-/// The side copy of `path` if the journal is on and the copy is usable; it is logged.
-JsonPtr parseSideCopy(const char* path);
+/// The settings in the file `path`. If that is unusable, the journal is on and the side copy usable, those in
+/// the copy, with a log line. Null if there are none; `*opened`, if given, says whether the file is there.
+JsonPtr parseSettings(const char* path, bool* opened = nullptr);
 
 } // namespace kestro

@@ -10,9 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <unistd.h>
-#include <utility>
 
-using kestro::devicePath;
 using kestro::JsonPtr;
 using kestro::JsonTextPtr;
 
@@ -30,17 +28,9 @@ int gEnableKeyTone = 1;
 int gEnableSSH = 0;
 char* gStoreUrl = nullptr;
 
-static JsonPtr parseSettings(const char* path) {
-    FILE* const file = fopen(path, "r");
-    JsonPtr root = file ? kestro::parseFile("system.json", file) : nullptr;
-    if (file)
-        fclose(file);
-    return root ? std::move(root) : kestro::parseSideCopy(path);
-}
-
 void loadSystemState(void* shm, char** theme) {
     const kestro::DevicePath path("/mnt/UDISK/system.json");
-    if (const JsonPtr root = parseSettings(path))
+    if (const JsonPtr root = kestro::parseSettings(path))
         kestro::loadKeys(shm, theme, root.get());
     else
         kestro::loadDefaults(shm);
@@ -73,13 +63,9 @@ static int cannotSave(const char* path, const char* key) {
 
 /// The settings as they stand, or an empty object if there is no file yet; null if they cannot be parsed.
 static JsonPtr settingsToChange(const char* path) {
-    FILE* const file = fopen(path, "r");
-    JsonPtr root = file ? kestro::parseFile("system.json", file) : nullptr;
-    if (file)
-        fclose(file);
-    if (!root)
-        root = kestro::parseSideCopy(path);
-    if (!root && !file)
+    bool opened = false;
+    JsonPtr root = kestro::parseSettings(path, &opened);
+    if (!root && !opened)
         root.reset(cJSON_CreateObject());
     return root;
 }

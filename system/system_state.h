@@ -42,6 +42,6 @@ KESTRO_API int saveOneItemInSystemState(const char* key, int value);
 
 /// Switches the settings journal on or off; it is off at load. While it is on, a save first writes its text
 /// to a side copy beside the file and syncs it, and removes that copy when the file itself is safely
-/// written. A load that finds the file unusable and the side copy usable takes the copy, and logs it. So a
-/// power cut leaves the old settings or the new ones, on any file system.
+/// written. A load that finds the file unusable and the side copy usable takes the copy, and logs it; so does
+/// loadThemeInfo. So a power cut leaves the old settings or the new ones, on any file system.
 KESTRO_API void setSettingsJournal(bool on);

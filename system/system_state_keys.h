@@ -14,4 +14,8 @@ void loadDefaults(void* shm);
 /// A new tree of all settings as they stand now, in the order of the file; null without memory for it.
 JsonPtr saveKeys(void* shm, const char* theme);
 
+/// A new copy of the theme's folder that the file names, which the caller frees; null if it names none or one
+/// that does not exist.
+char* existingTheme(const cJSON* root);
+
 } // namespace kestro

@@ -66,7 +66,7 @@ static void loadSwitchOrKeep(const Loading& loading, const KeyRow& row, const cJ
 
 /// The volume's integer, as the two rows below see it: 0 when it is absent or not a number.
 static int volumeInteger(const Loading& loading) {
-    const cJSON* const volume = kestro::findItem(loading.root, "vol");
+    const cJSON* const volume = kestro::findNumber(loading.root, "vol");
     return volume ? volume->valueint : 0;
 }
 
@@ -89,12 +89,9 @@ static void loadLanguage(const Loading& loading, const KeyRow& row, const cJSON*
         setSystemLanguage(file);
 }
 
-static void loadTheme(const Loading& loading, const KeyRow& row, const cJSON*) {
-    if (!loading.theme)
-        return;
-    // The path is the owner's data, not the device's: it is taken as it stands.
-    const char* const path = kestro::findText(loading.root, row.key);
-    *loading.theme = path && access(path, F_OK) == 0 ? strdup(path) : nullptr;
+static void loadTheme(const Loading& loading, const KeyRow&, const cJSON*) {
+    if (loading.theme)
+        *loading.theme = kestro::existingTheme(loading.root);
 }
 
 static void loadStoreUrl(const Loading& loading, const KeyRow& row, const cJSON*) {
@@ -193,6 +190,12 @@ static constexpr KeyRow rows[] = {
 };
 
 namespace kestro {
+
+char* existingTheme(const cJSON* root) {
+    // The path is the owner's data, not the device's: it is taken as it stands.
+    const char* const path = findText(root, "theme");
+    return path && access(path, F_OK) == 0 ? strdup(path) : nullptr;
+}
 
 void loadKeys(void* shm, char** theme, const cJSON* root) {
     const Loading loading{shm, theme, root};

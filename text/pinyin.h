@@ -11,17 +11,17 @@ extern KESTRO_API std::map<unsigned int, const char*> gPinyinMap;
 
 /// Fills gPinyinMap with the 25360 characters that the library knows, and with nothing else. Readings are
 /// those of Unicode's Unihan database (kMandarin). The host calls it once, before it searches; again is
-/// harmless.
+/// harmless. Main thread.
 KESTRO_API void InitPinYinMap();
 
 /// The initials of `text` (UTF-8), one byte for every code point: an ASCII character itself, for a Chinese
 /// one the first letter of its reading, a space for any other. The caller frees the result with `free`; null
-/// when there is no memory. Null counts as "".
+/// when there is no memory. Null counts as "". Main thread.
 KESTRO_API char* GetPinyinInitials2(const char* text);
 
 /// Looks for `key` in `initials`, which are those of `text`, whatever the case. Returns 0 when found, and
 /// then sets `*matchStart` to where the match begins in `text` and `*matchLen` to its length in bytes;
 /// otherwise, and for any null argument, -1, and leaves both alone. Only the first match counts. A key with
-/// more bytes than the text has from there on matches to the end of the text.
+/// more bytes than the text has from there on matches to the end of the text. Any thread.
 KESTRO_API int PinyinStrstr(const char* text, const char* initials, const char* key, const char** matchStart,
                             int* matchLen);

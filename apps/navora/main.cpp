@@ -1,9 +1,7 @@
 #include "core/frame_rate.h"
-#include "core/host.h"
 #include "core/log.h"
 #include "core/window_stack.h"
 #include "gfx/screen.h"
-#include "navora/clock.h"
 #include "navora/game_rows.h"
 #include "navora/home_page.h"
 #include "navora/host.h"
@@ -11,13 +9,8 @@
 #include "navora/look.h"
 #include "navora/options.h"
 #include "navora/run_folder.h"
-#include "navora/theme.h"
-#include "navora/words.h"
+#include "navora/settings.h"
 #include "shell/skin.h"
-#include "system/current_language.h"
-#include "system/features.h"
-#include "system/language.h"
-#include "system/system_state.h"
 #include "text/pinyin.h"
 
 #include <SDL_image.h>
@@ -87,20 +80,6 @@ static void stopLibraries() {
     TTF_Quit();
     IMG_Quit();
     SDL_Quit();
-}
-
-/// What the owner has set, and what the command line says instead.
-static void loadSettings(const Options& options) {
-    char* theme = nullptr;
-    loadSystemState(gShmInfo, &theme);
-    loadSystemFunction();
-    addWords();
-    initLang();
-    startTheme(!options.theme.empty() ? options.theme + "/" : theme ? theme : "");
-    free(theme);
-    if (!options.language.empty())
-        setSystemLanguage(options.language.c_str());
-    applyTimeZone();
 }
 
 static bool loadSkin() {

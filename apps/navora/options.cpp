@@ -12,8 +12,8 @@ Shows FOLDER, or the sample content, on a screen of 1280 x 720.
                      right, a, b, x, y, start, select, menu, l and r
   --shot FILE.png    after the keys, write a picture of the screen and end; needs no display
   --rotate           as on a display that is mounted on its side
-  --theme DIR        take skin pictures from there, whatever the settings say
-  --lang FILE        the language file, such as ch.lang, whatever the settings say
+  --theme DIR        take skin pictures from there in this run, whatever the settings say
+  --lang FILE        the language file of this run, such as ch.lang, whatever the settings say
   --device-root DIR  a folder that stands for the device's root
   --version          print the version
   --help             print this text

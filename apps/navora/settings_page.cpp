@@ -4,6 +4,7 @@
 #include "gfx/image.h"
 #include "navora/clock.h"
 #include "navora/key_tone.h"
+#include "navora/settings.h"
 #include "navora/theme.h"
 #include "navora/words.h"
 #include "system/clock_settings.h"
@@ -55,7 +56,7 @@ SettingsPage::~SettingsPage() {
 }
 
 void SettingsPage::quit() {
-    saveSystemState(gShmInfo, savedTheme());
+    saveSettings();
 }
 
 /// The rows hold the old theme's pictures: they are made anew around the same cursor.
@@ -90,7 +91,7 @@ void SettingsPage::addLookRows() {
             });
             return found == all.end() ? 0 : static_cast<int>(found - all.begin());
         },
-        [](int index) { setSystemLanguage((*getLangList())[static_cast<size_t>(index)].fileName.c_str()); },
+        [](int index) { changeLanguage((*getLangList())[static_cast<size_t>(index)].fileName); },
         [](int index) { return (*getLangList())[static_cast<size_t>(index)].displayName; });
     addValue(
         wordTheme, {0, static_cast<int>(themes().size()) - 1, 1, true}, currentTheme,

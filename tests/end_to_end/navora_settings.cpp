@@ -3,6 +3,7 @@
 #include <cJSON.h>
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <set>
@@ -102,6 +103,26 @@ TEST_F(NavoraSettingsTest, TheLanguageOfTheCommandLineWins) {
     EXPECT_NE(deviceShot("a"), deviceShot("a", {"--lang", "ch.lang"}));
 }
 
+TEST_F(NavoraSettingsTest, TheLanguageOfTheCommandLineIsForThatRunOnly) {
+    settingsShot("down,down,right", {"--lang", "ch.lang"});
+    EXPECT_EQ(saved("language"), "en.lang");
+    EXPECT_EQ(saved("brightness"), "7");
+    mDevice.addFile("mnt/UDISK/system.json", R"({"language": "es.lang"})");
+    const Picture page = settingsShot("down,b,a", {"--lang", "ch.lang"});
+    EXPECT_EQ(saved("language"), "es.lang");
+    EXPECT_EQ(page.part(layout::title), settingsShot("", {"--lang", "ch.lang"}).part(layout::title))
+        << "saving leaves it in force";
+}
+
+TEST_F(NavoraSettingsTest, TheLanguageOfTheCommandLineIsSavedOnceTheOwnerChoosesIt) {
+    mDevice.addFile("mnt/UDISK/system.json", R"({"language": "es.lang"})");
+    settingsShot("right,left", {"--lang", "ch.lang"});
+    EXPECT_EQ(saved("language"), "ch.lang");
+    settingsShot("right", {"--lang", "es.lang"});
+    EXPECT_NE(saved("language"), "ch.lang");
+    EXPECT_NE(saved("language"), "es.lang");
+}
+
 TEST_F(NavoraSettingsTest, AChangedNumberIsSavedAndStays) {
     const Picture changed = settingsShot("down,down,right");
     EXPECT_EQ(saved("brightness"), "7");
@@ -133,6 +154,14 @@ TEST_F(NavoraSettingsTest, NothingIsSavedBeforeThePageIsOpened) {
     EXPECT_EQ(saved("brightness"), "6");
 }
 
+TEST_F(NavoraSettingsTest, APowerCutWhileTheyAreSavedLeavesThem) {
+    const Picture page = settingsShot("right");
+    std::filesystem::rename(mDevice.path("mnt/UDISK/system.json"), mDevice.path("mnt/UDISK/system.json.new"));
+    mDevice.addFile("mnt/UDISK/system.json");
+    EXPECT_EQ(settingsShot(), page);
+    EXPECT_FALSE(std::filesystem::exists(mDevice.path("mnt/UDISK/system.json.new"))) << "saved again";
+}
+
 TEST_F(NavoraSettingsTest, AChangeOfThemeShowsAtOnceAndStays) {
     const Picture before = settingsShot("down");
     EXPECT_EQ(saved("theme"), "");
@@ -162,6 +191,44 @@ TEST_F(NavoraSettingsTest, TheThemeOfTheCommandLineWins) {
     theme.addPicture("skin/bg.png", 1280, 720, 0x4080C0);
     EXPECT_EQ(deviceShot("a", {"--theme", theme.path()}).at(5, 5), 0x4080C0u);
     EXPECT_EQ(deviceShot("a"), shot(mFolder.path(), "a", {"--theme", dusk}));
+}
+
+TEST_F(NavoraSettingsTest, TheThemeOfTheCommandLineIsForThatRunOnly) {
+    const std::vector<std::string> ownTheme = {"--theme", mFolder.path()};
+    settingsShot("down,down,right", ownTheme);
+    EXPECT_EQ(saved("theme"), "");
+    EXPECT_EQ(saved("brightness"), "7");
+    settingsShot("down,right");
+    const std::string dusk = saved("theme");
+    settingsShot("", ownTheme);
+    EXPECT_EQ(saved("theme"), dusk);
+}
+
+TEST_F(NavoraSettingsTest, TheThemeOfTheCommandLineIsSavedOnceTheOwnerChoosesIt) {
+    const std::vector<std::string> ownTheme = {"--theme", mFolder.path()};
+    settingsShot("down,right,left", ownTheme);
+    EXPECT_EQ(saved("theme"), mFolder.path() + "/");
+    settingsShot("down,right", ownTheme);
+    EXPECT_EQ(saved("theme"), "") << "the default theme comes after it";
+}
+
+TEST_F(NavoraSettingsTest, AThemeFromElsewhereIsShownByItsFoldersName) {
+    for (const char* folder : {"one/mine", "other/mine", "one/yours"})
+        mFolder.addFolder(folder);
+    const Picture inDefault = settingsShot("down");
+    const Picture mine = settingsShot("down", {"--theme", mFolder.path("one/mine")});
+    EXPECT_NE(mine, inDefault);
+    EXPECT_EQ(mine, settingsShot("down", {"--theme", mFolder.path("other/mine") + "/"}));
+    EXPECT_NE(mine, settingsShot("down", {"--theme", mFolder.path("one/yours")}));
+    EXPECT_EQ(label(mine, 1), label(inDefault, 1));
+    mDevice.addFile("mnt/UDISK/system.json", R"({"theme": ")" + mFolder.path("one/mine") + R"("})");
+    EXPECT_EQ(settingsShot("down"), mine) << "the owner's too";
+}
+
+TEST_F(NavoraSettingsTest, AThemeOfTheListIsFoundInItByAnyPath) {
+    const Picture inDefault = settingsShot("down");
+    EXPECT_EQ(settingsShot("down,right", {"--theme", NAVORA_RUN_FOLDER "/themes/../themes/dusk/"}), inDefault)
+        << "the default theme comes after it";
 }
 
 TEST_F(NavoraSettingsTest, WithAAndBSwappedBConfirmsAndAGoesBack) {

@@ -33,8 +33,8 @@ static int placeOf(const void* object) {
 
 TEST(LoadOrder, ObjectsAreMadeInTheirFixedOrderAndDestroyedInReverse) {
     ASSERT_LT(sCount, room);
-    const void* const objects[] = {&gIconCache,        &gPopupList, &gDefaultStringList,
-                                   &gTextSurfaceCache, &gPinyinMap, &gLangTable};
+    const void* const objects[] = {&gIconCache, &gPopupList, &gDefaultStringList, &gTextSurfaceCache,
+                                   &gPinyinMap, &gLangTable, getLangList()};
     int last = -1;
     for (const void* const& object : objects) {
         EXPECT_GT(placeOf(object), last) << "object " << &object - objects;
@@ -54,6 +54,7 @@ TEST(LoadOrder, ObjectsAreAsEmptyAsTheyBegin) {
     EXPECT_EQ(gDefaultStringList.size(), 8u);
     EXPECT_TRUE(gPinyinMap.empty());
     EXPECT_TRUE(gLangTable.empty());
+    EXPECT_TRUE(getLangList()->empty());
     EXPECT_EQ(gWinList, nullptr);
 }
 

@@ -1,6 +1,7 @@
 #include "gfx/text.h"
 #include "shell/skin.h"
 #include "support/font_log.h"
+#include "support/opened_paths.h"
 #include "support/skin_files_test.h"
 
 #include <filesystem>
@@ -123,6 +124,19 @@ TEST_F(SkinTest, TakesFromTheRunFolderWhatIsBrokenInTheTheme) {
     gThemePath = "theme/";
     init_shared_skin();
     EXPECT_EQ(pictureSizes(), std::vector<int>({20, 21, 22, 23, 24, 25, 26, 27}));
+    takeLog();
+}
+
+TEST_F(SkinTest, TakesFromTheRunFolderWhatMayNotBeReadInTheTheme) {
+    writePictures("./", 20);
+    writePictures("theme/", 40);
+    OpenedPaths paths;
+    for (const std::string& name : pictureNames)
+        if (name != "skin/tips-A.png")
+            paths.refuse("theme/" + name);
+    gThemePath = "theme/";
+    init_shared_skin();
+    EXPECT_EQ(pictureSizes(), std::vector<int>({20, 21, 22, 23, 24, 45, 26, 27}));
     takeLog();
 }
 

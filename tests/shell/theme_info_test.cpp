@@ -2,6 +2,7 @@
 #include "support/opened_paths.h"
 #include "support/settings_test.h"
 #include "system/current_language.h"
+#include "system/system_state.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -100,4 +101,47 @@ TEST_F(ThemeInfoTest, IsLookedForInTheSettingsFileOnly) {
     OpenedPaths paths;
     loaded();
     EXPECT_THAT(paths.take(), testing::ElementsAre(statePath(), "./dark"));
+}
+
+namespace {
+
+/// The journal's side copy of the settings file names a theme.
+class ThemeInfoJournalTest : public ThemeInfoTest {
+protected:
+    void SetUp() override {
+        ThemeInfoTest::SetUp();
+        fs::create_directory("dark");
+        writeFile(statePath() + ".new", R"({"theme": "dark"})");
+        setSettingsJournal(true);
+    }
+
+    std::string tookCopy() const { return statePath() + " is unusable, use " + statePath() + ".new\n"; }
+};
+
+} // namespace
+
+TEST_F(ThemeInfoJournalTest, IsThatOfTheCopyWhenTheFileIsUnusable) {
+    EXPECT_EQ(loaded(), "dark") << "no file";
+    EXPECT_EQ(takeLog(), tookCopy());
+    EXPECT_EQ(loadedFrom(R"({"theme": ".")"), "dark");
+    EXPECT_EQ(takeLog(), tookCopy());
+    EXPECT_EQ(loadedFrom(""), "dark");
+    EXPECT_EQ(takeLog(), "system.json invalid size 0\n" + tookCopy());
+}
+
+TEST_F(ThemeInfoJournalTest, IsThatOfAUsableFile) {
+    EXPECT_EQ(loadedFrom(R"({"theme": "."})"), ".");
+    EXPECT_EQ(loadedFrom("{}"), "(null)") << "names none";
+}
+
+TEST_F(ThemeInfoJournalTest, StaysWhenTheCopyIsUnusableToo) {
+    writeFile(statePath() + ".new", "{");
+    EXPECT_EQ(loaded(), "(kept)");
+}
+
+TEST_F(ThemeInfoJournalTest, IsNotThatOfTheCopyWithoutTheJournal) {
+    setSettingsJournal(false);
+    OpenedPaths paths;
+    EXPECT_EQ(loaded(), "(kept)");
+    EXPECT_THAT(paths.take(), testing::ElementsAre(statePath()));
 }

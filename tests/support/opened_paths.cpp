@@ -42,7 +42,7 @@ extern "C" FILE* fopen(const char* path, const char* mode) {
 extern "C" FILE* fopen64(const char* path, const char* mode) {
     static const auto real = REAL_FUNCTION(fopen64);
     note(path);
-    return real(path, mode);
+    return refused(path) ? nullptr : real(path, mode);
 }
 
 extern "C" int access(const char* path, int mode) noexcept {

@@ -14,6 +14,6 @@ public:
     /// The paths in the order of the calls, since the last call of this.
     std::vector<std::string> take();
 
-    /// From now on fopen and open of `path` fail, as for a user without the right to.
+    /// From now on opening `path` fails, as for a user without the right to.
     void refuse(const std::string& path);
 };

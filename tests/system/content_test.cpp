@@ -158,7 +158,7 @@ TEST_F(ContentTest, FailsWithTheSystemsReason) {
 
 TEST_F(ContentTest, ThatEndsEarlyFailsWithWhatCameBeforeTheEnd) {
     ScriptedFile file(10, {{"abc"}});
-    errno = 0;
+    errno = EACCES; // of something earlier
     EXPECT_EQ(loadContent("cut.json", file.file(), &text), -1);
     EXPECT_EQ(takeLog(), "read cut.json (3 vs 10)error : 0:Success\n");
 }

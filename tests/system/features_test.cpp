@@ -121,6 +121,11 @@ TEST_F(FeaturesTest, StayForJsonOfAnotherShape) {
     expectFeatures(0, 1, 0);
 }
 
+TEST_F(FeaturesTest, AreReadBesideBytesThatAreNoUtf8) {
+    load("{\"\xFF\xFE\": 1, \"\xC3\": \"\xED\xA0\x80\", \"battemp\": 2}");
+    expectFeatures(0, 1, 2);
+}
+
 TEST_F(FeaturesTest, AreThoseOfTheCurrentLanguage) {
     setSystemLanguage("ch.lang");
     load(R"({"bluetooth": 1, "bluetooth.ch.lang": 9})");

@@ -113,6 +113,12 @@ TEST_F(LanguageWordsTest, IndexIsLookedForInTheNamedLanguage) {
     EXPECT_EQ(getLangIndex("es.lang", "vale"), -1);
 }
 
+TEST_F(LanguageWordsTest, IndexIsLookedForInTheFirstRecordOfAFile) {
+    gLangTable = {{"es.lang", "first", "", {{1, "uno"}}}, {"es.lang", "second", "", {{2, "dos"}}}};
+    EXPECT_EQ(getLangIndex("es.lang", "uno"), 1);
+    EXPECT_EQ(getLangIndex("es.lang", "dos"), -1);
+}
+
 TEST_F(LanguageWordsTest, IndexOfNothingIsMinusOne) {
     EXPECT_EQ(getLangIndex("en.lang", "OK"), -1) << "empty table";
     gLangTable = {{"en.lang", "English", "", {{1, "OK"}}}};
