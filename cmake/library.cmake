@@ -2,11 +2,14 @@
 # at what it hides.
 add_library(kestro-objects OBJECT
   core/clock.cpp
+  core/dialog_window.cpp
   core/file_util.cpp
+  core/float_window.cpp
   core/frame_rate.cpp
   core/input.cpp
   core/key_repeat.cpp
   core/log.cpp
+  core/popup_window.cpp
   core/window.cpp
   core/window_stack.cpp
   core/window_state.cpp
@@ -45,8 +48,10 @@ add_library(kestro-objects OBJECT
   platform/device_path.cpp
   services/lru_cache.cpp
   shell/bar_layout.cpp
+  shell/bars.cpp
   shell/icon_cache.cpp
   shell/skin.cpp
+  shell/status_icons.cpp
   system/clock_settings.cpp
   system/content.cpp
   system/current_language.cpp
