@@ -47,6 +47,11 @@ add_library(kestro-objects OBJECT
   menu/text_menu_drawer_draw.cpp
   platform/device_path.cpp
   services/lru_cache.cpp
+  services/power_status.cpp
+  services/process_list.cpp
+  services/wifi_monitor.cpp
+  services/work_thread.cpp
+  services/wpa_message.cpp
   shell/bar_layout.cpp
   shell/bars.cpp
   shell/icon_cache.cpp
