@@ -61,6 +61,8 @@ int DialogWindow::eventHandling() {
     }
 }
 
+void DialogWindow::quit() {}
+
 int DialogWindow::handleOK() {
     if (focus != 1)
         return handleCancel();

@@ -31,8 +31,11 @@ public:
     /// 25, 43 and 44 as they are; else -1.
     int eventHandling() override;
 
+    /// Draws the page, the panel in the middle of the screen, the texts and the buttons. Returns 0.
     int draw() override;
-    void quit() override {}
+
+    /// Does nothing.
+    void quit() override;
 
     /// Presses the focused button. Returns the action's result, or 1002.
     int handleOK();

@@ -25,7 +25,17 @@ int FloatWindow::draw() {
     return 0;
 }
 
+void FloatWindow::quit() {}
+
 void FloatWindow::init() {
     if (!snapshot)
         snapshot = kestro::pageSnapshot();
 }
+
+void FloatWindow::saveState(cJSON*) {}
+
+int FloatWindow::queryInt() {
+    return 0;
+}
+
+void FloatWindow::update() {}

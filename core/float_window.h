@@ -19,15 +19,21 @@ public:
     /// Draws the frozen page and the skin's mask over it, as far as they are there. Returns 0.
     int draw() override;
 
-    void quit() override {}
+    /// Does nothing.
+    void quit() override;
 
     /// Freezes the page that was shown last; once. On a screen mounted on its side the picture is turned
     /// upright, since it is drawn on the page and turned with it.
     void init() override;
 
-    void saveState(cJSON*) override {}
-    int queryInt() override { return 0; }
-    void update() override {}
+    /// Adds nothing.
+    void saveState(cJSON* obj) override;
+
+    /// Returns 0.
+    int queryInt() override;
+
+    /// Does nothing.
+    void update() override;
 
 protected:
     KestroSurface* snapshot; ///< the frozen page, owned; null until init, and where there was no screen

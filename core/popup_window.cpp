@@ -29,3 +29,5 @@ int PopUpWindow::draw() {
     menu->draw();
     return 0;
 }
+
+void PopUpWindow::quit() {}

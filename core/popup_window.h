@@ -22,7 +22,8 @@ public:
     /// has its rectangle. Returns 0.
     int draw() override;
 
-    void quit() override {}
+    /// Does nothing.
+    void quit() override;
 
 protected:
     TextMenuDrawer* menu;      ///< owned
