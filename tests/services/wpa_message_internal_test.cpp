@@ -187,7 +187,7 @@ TEST(WpaMessageTest, TextsAlwaysEndWhateverIsRead) {
     std::mt19937 random(7);
     for (int i = 0; i < 5000; ++i) {
         std::string text;
-        for (unsigned j = random() % 60; j > 0; --j) {
+        for (auto j = random() % 60; j > 0; --j) {
             if (random() % 2)
                 text += pieces[random() % std::size(pieces)];
             else
