@@ -16,18 +16,36 @@ using testing::HasSubstr;
 /// What the window beneath shows, and what a dialog has done.
 static std::vector<std::string> sSteps;
 
-/// A dialog that notes the focus that it draws and its end.
-class SteppedDialog : public OpenDialog {
+/// A window that leaves the loop when it does not close by itself, so that a failure does not hang.
+template <class Window>
+class Ending : public Window {
 public:
-    using OpenDialog::OpenDialog;
+    using Window::Window;
+
+    int eventHandling() override {
+        const int code = Window::eventHandling();
+        if (++mRounds < 50)
+            return code;
+        ADD_FAILURE() << "still open";
+        return 1003;
+    }
+
+private:
+    int mRounds = 0;
+};
+
+/// A dialog that notes the focus that it draws and its end.
+class SteppedDialog : public Ending<OpenDialog> {
+public:
+    using Ending::Ending;
     ~SteppedDialog() override { sSteps.emplace_back("deleted"); }
 
     int draw() override {
         sSteps.push_back("focus " + std::to_string(getFocus()));
-        return OpenDialog::draw();
+        return Ending::draw();
     }
     void init() override {
-        OpenDialog::init();
+        Ending::init();
         sSteps.emplace_back("init");
     }
     void onClose() override { sSteps.emplace_back("onClose"); }
@@ -155,7 +173,7 @@ TEST_F(FloatWindowLoopTest, ADisplacedDialogIsDeletedUnseen) {
 }
 
 TEST_F(FloatWindowLoopTest, APopUpWithoutAListClosesAtItsFirstInputRound) {
-    add2PopupList(new PopUpWindow(-1, nullptr, nullptr));
+    add2PopupList(new Ending<PopUpWindow>(-1, nullptr, nullptr));
     EXPECT_THAT(runWith({}), HasSubstr("add popup window\na is 1002, popup current window\n"));
 }
 
@@ -163,7 +181,7 @@ TEST_F(FloatWindowLoopTest, ARowThatGives1003EndsTheLoopFromAPopUp) {
     auto* const menu = new TextMenu(nullptr, nullptr, 6, 0);
     menu->insertItem(static_cast<TextMenuItemProvider*>(
         new TextMenuItem("row", nullptr, new RecordedAction(actions, 1003), true)));
-    add2PopupList(new PopUpWindow(-1, menu, nullptr));
+    add2PopupList(new Ending<PopUpWindow>(-1, menu, nullptr));
     EXPECT_THAT(runWith({1}), HasSubstr("a is 1003, quit navora\n1 window to free\n"));
     EXPECT_EQ(actions.ran.size(), 1u);
     EXPECT_EQ(actions.deleted, 1);

@@ -2,10 +2,12 @@
 
 #include "shell/skin.h"
 #include "support/bars_test.h"
+#include "support/child_process.h"
 #include "support/opened_paths.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <sys/stat.h>
 #include <type_traits>
 #include <unistd.h>
 
@@ -61,6 +63,21 @@ TEST_F(StatusIconsTest, AHeadphoneThatIsPluggedInShows) {
 TEST_F(StatusIconsTest, WithoutAHeadphoneTheCellIsLeftAlone) {
     EXPECT_THAT(drawnBy(draw_hotplug), IsEmpty());
     EXPECT_EQ(result, 0);
+}
+
+TEST_F(StatusIconsTest, AHeadphoneDeviceThatCannotBeReadDoesNotCount) {
+    setMarker("/dev/dsp1");
+    ASSERT_EQ(chmod(folder().c_str(), 0755), 0);
+    for (const auto& [mode, used] : {std::pair{0444, "42"}, {0222, "0"}}) {
+        ASSERT_EQ(chmod(onDevice("/dev/dsp1").c_str(), static_cast<mode_t>(mode)), 0);
+        const ChildResult child = inChild([](int report) {
+            if (getuid() == 0 && setuid(65534) != 0) // root may read everything
+                return;
+            writeTo(report, std::to_string(draw_hotplug(true, 0, 0)));
+        });
+        EXPECT_EQ(child.report, used);
+    }
+    takeLog();
 }
 
 TEST_F(StatusIconsTest, ABluetoothDeviceNeedsBothMarkers) {
