@@ -2,11 +2,14 @@
 # at what it hides.
 add_library(kestro-objects OBJECT
   core/clock.cpp
+  core/dialog_window.cpp
   core/file_util.cpp
+  core/float_window.cpp
   core/frame_rate.cpp
   core/input.cpp
   core/key_repeat.cpp
   core/log.cpp
+  core/popup_window.cpp
   core/window.cpp
   core/window_stack.cpp
   core/window_state.cpp
@@ -44,9 +47,16 @@ add_library(kestro-objects OBJECT
   menu/text_menu_drawer_draw.cpp
   platform/device_path.cpp
   services/lru_cache.cpp
+  services/power_status.cpp
+  services/process_list.cpp
+  services/wifi_monitor.cpp
+  services/work_thread.cpp
+  services/wpa_message.cpp
   shell/bar_layout.cpp
+  shell/bars.cpp
   shell/icon_cache.cpp
   shell/skin.cpp
+  shell/status_icons.cpp
   system/clock_settings.cpp
   system/content.cpp
   system/current_language.cpp

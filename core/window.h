@@ -58,6 +58,16 @@ public:
     /// Logs the title and the type.
     void dump();
 
+    /// Draws the bar at the top of a page, 80 pixels high: the back arrow, the title, and at the right the
+    /// state of the device. For the window's own draw; the library does not call it. `offset` is added to
+    /// every y. Returns the width in pixels that the state takes from the right.
+    int drawNavBar(int offset);
+
+    /// Draws the hints at the bottom of a page: which buttons open, go back and show the menu. The bar is
+    /// 70 pixels high and begins at y 650, to which `offset` is added. For the window's own draw. Returns
+    /// the x where a further hint would begin.
+    int drawStatBar(int offset);
+
     int titleId;
     int type;
 };

@@ -112,6 +112,24 @@ void lcd_fb_flip() {
 
 void lcd_fb_wait_for_vsync() {}
 
+/// The reverse of copyRotated, on pixels. The page's first row, which the shift moves off the display, is
+/// made from its second.
+static SDL_Surface* turnedUpright(const SDL_Surface* frame) {
+    SDL_Surface* const page = create_surface(frame->h, frame->w);
+    if (!page)
+        return nullptr;
+    for (int y = 0; y < page->h; ++y) {
+        auto* const row = reinterpret_cast<Uint32*>(static_cast<char*>(page->pixels) + y * page->pitch);
+        const int column = y > 0 ? y - 1 : 0;
+        for (int x = 0; x < page->w; ++x) {
+            const int line = frame->h - 1 - x;
+            const char* const pixels = static_cast<const char*>(frame->pixels) + line * frame->pitch;
+            row[x] = reinterpret_cast<const Uint32*>(pixels)[column];
+        }
+    }
+    return page;
+}
+
 namespace kestro {
 
 SDL_Renderer* liveRenderer() {
@@ -132,6 +150,15 @@ SDL_Texture* targetTexture() {
 
 SDL_Point windowSize() {
     return sScreen.windowSize;
+}
+
+KestroSurface* pageSnapshot() {
+    KestroSurface* const frame = ScreenSnapshot();
+    if (!frame || !sScreen.rotate)
+        return frame;
+    KestroSurface* const page = surfaceOwning(turnedUpright(textured(frame)->getSurface()));
+    delete frame;
+    return page;
 }
 
 } // namespace kestro

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gfx/surface.h"
+
 #include <SDL.h>
 
 namespace kestro {
@@ -16,5 +18,9 @@ SDL_Texture* targetTexture();
 
 /// Size of the window in pixels, as the display sees it.
 SDL_Point windowSize();
+
+/// A snapshot of the frame as it was drawn: on a rotated screen it is turned upright, and has the logical
+/// size. Owned by the caller. Null on failure.
+KestroSurface* pageSnapshot();
 
 } // namespace kestro

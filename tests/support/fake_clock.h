@@ -22,6 +22,22 @@ public:
     std::vector<uint64_t> takeSleeps();
 };
 
+/// While it lives, a sleep ends only when the test says so, whether the clock stands still or not. For one
+/// thread that sleeps again and again.
+class HeldSleep {
+public:
+    HeldSleep();
+    ~HeldSleep(); ///< ends the sleep
+    HeldSleep(const HeldSleep&) = delete;
+    HeldSleep& operator=(const HeldSleep&) = delete;
+
+    /// Waits until the next sleep has begun, and returns its length in microseconds. Fails the test when that
+    /// does not come.
+    uint64_t await();
+
+    void end(); ///< ends the sleep that was waited for
+};
+
 /// A start for a FakeClock that lies far after all that went before in this process, so that nothing which
 /// the library remembers of an earlier test looks recent.
 uint64_t laterStart();

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <functional>
+
+/// While it lives, calls a function whenever somebody begins to wait for the end of one of SDL's threads, on
+/// the thread that waits: it takes the place of SDL_WaitThread in this process.
+class ThreadWait {
+public:
+    explicit ThreadWait(std::function<void()> begun);
+    ~ThreadWait();
+    ThreadWait(const ThreadWait&) = delete;
+    ThreadWait& operator=(const ThreadWait&) = delete;
+};
