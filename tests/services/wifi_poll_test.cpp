@@ -161,6 +161,11 @@ TEST_F(WifiPollTest, PollsOfSeveralThreadsTakeTurns) {
         threads.emplace_back([&message] { message = rx_get_wpa_msg(); });
     for (std::thread& thread : threads)
         thread.join();
+    std::string turns;
+    for (size_t i = 0; i < messages.size(); ++i)
+        turns += "-p " + onDevice("/etc/wifi/sockets") + " -i wlan0 status\n-p " +
+                 onDevice("/etc/wifi/sockets") + " -i wlan0 signal_poll\n";
+    EXPECT_EQ(takeCalls(), turns);
     for (const WpaMsg& message : messages) {
         EXPECT_EQ(message.state, 4);
         EXPECT_STREQ(message.ip_address, "10.0.0.7");
