@@ -8,19 +8,12 @@
 
 class DrawerDrawTest : public ListDrawingTest {
 protected:
-    std::unique_ptr<OpenTextMenu> menu;
-
     /// A menu with these labels; what is logged is taken.
     void open(const std::vector<const char*>& labels, int rowsPerPage = 6, int rowGap = 0) {
         menu.reset(newMenu(rowsPerPage, rowGap));
         for (const char* label : labels)
             menu->add(label);
         takeLog();
-    }
-
-    void TearDown() override {
-        menu.reset();
-        ListDrawingTest::TearDown();
     }
 };
 
@@ -233,6 +226,8 @@ TEST_F(DrawerPositionTest, IsAllThatIsDrawnForACursorBeyondTheRows) {
     menu->setShowListNumber(true);
     menu->setCursor(9);
     EXPECT_EQ(drawn(*menu), position("10", "1", 671));
+    menu->setCursor(INT32_MAX); // which has no next number
+    EXPECT_EQ(drawn(*menu), position("2147483647", "1", 671));
 }
 
 TEST_F(DrawerPositionTest, NeedsNoFont) {

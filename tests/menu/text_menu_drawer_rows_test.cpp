@@ -7,19 +7,6 @@
 /// Rows with more than a short label: long ones, second lines, icons.
 class DrawerRowsTest : public ListDrawingTest {
 protected:
-    std::unique_ptr<OpenTextMenu> menu;
-
-    void SetUp() override {
-        ListDrawingTest::SetUp();
-        menu.reset(newMenu());
-        takeLog();
-    }
-
-    void TearDown() override {
-        menu.reset();
-        ListDrawingTest::TearDown();
-    }
-
     static std::string subLabel(const std::string& shown, int x, int y) {
         return text(gListFontSubtxt, shown, {20, 20, 20, 255}, x, y);
     }
