@@ -115,7 +115,7 @@ TEST_F(SettingMenuDrawTest, RowsStand96PixelsApart) {
                 ElementsAre("1 at 10,80 1260x96", "2 at 10,176 1260x96 selected", "3 at 10,272 1260x96"));
     log.draws.clear();
     SDL_Rect rect{100, 7, 500, 300};
-    menu->updateRectAndNum(rect, 3); // neither the rows' height nor their number on a page follows
+    menu->updateRectAndNum(rect, 3); // the rows' height does not follow
     menu->draw();
     EXPECT_THAT(log.draws,
                 ElementsAre("1 at 110,7 480x96", "2 at 110,103 480x96 selected", "3 at 110,199 480x96"));
@@ -152,6 +152,15 @@ TEST_F(SettingMenuDrawTest, ScrollsAPageOfSix) {
     EXPECT_THAT(drawn(), ElementsAre(4, 5, 6, 7, 8, 9));
     menu->setCursor(0);
     EXPECT_THAT(drawn(), ElementsAre(1, 2, 3, 4, 5, 6));
+}
+
+TEST_F(SettingMenuDrawTest, APageHasSixRowsWhateverItsArea) {
+    addRows(10);
+    SDL_Rect rect{100, 7, 500, 300};
+    menu->updateRectAndNum(rect, 3);
+    EXPECT_THAT(drawn(), ElementsAre(1, 2, 3, 4, 5, 6));
+    menu->setCursor(7);
+    EXPECT_THAT(drawn(), ElementsAre(3, 4, 5, 6, 7, 8));
 }
 
 TEST_F(SettingMenuDrawTest, AShortPageShowsAllItsRows) {

@@ -165,6 +165,12 @@ TEST_F(DrawerDrawTest, ANullRowSaysThatItIsLoading) {
     useLanguage({{2, "wrong"}, {3, "Moment"}, {4, "wrong"}});
     menu->setShowNumber(false);
     EXPECT_EQ(drawn(*menu).back(), text(gListFontTxt, "Moment", {255, 0, 0, 255}, 30, 176 + labelOffset(96)));
+    menu->setShadow(true);
+    EXPECT_EQ(drawn(*menu).size(), 5u); // the other row is the current one
+    menu->setCursor(1);
+    const Drawing current = drawn(*menu);
+    ASSERT_EQ(current.size(), 5u);
+    EXPECT_EQ(current[3], text(gListFontTxt, "Moment", {255, 0, 0, 255}, 31, 178 + labelOffset(96)));
 }
 
 TEST_F(DrawerDrawTest, AnEmptyListDrawsNothingAtAll) {

@@ -55,6 +55,22 @@ TEST_F(DrawerRowsTest, ALabelIsCutBetweenItsCharacters) {
     EXPECT_EQ(drawn(*menu).back(), label(cut, 95, 80 + labelOffset(96)));
 }
 
+TEST_F(DrawerRowsTest, LabelsThatAreNotUtf8AreDrawnLikeOthers) {
+    for (const std::string& bad :
+         {repeated("\x80", 255), repeated("\xFF\x80", 127), repeated("W", 254) + "\xE4",
+          repeated("\xE4\xB8", 127), std::string("\xF0\x9F")}) {
+        menu->clearItemList();
+        addTwoLines(bad.c_str(), bad.c_str());
+        const Drawing calls = drawn(*menu);
+        ASSERT_EQ(calls.size(), 4u);
+        EXPECT_THAT(calls[2], testing::HasSubstr(" -> 95," + std::to_string(firstLineY())));
+        EXPECT_THAT(calls[3], testing::HasSubstr(" -> 95," + std::to_string(secondLineY())));
+        if (bad[0] == 'W') {
+            EXPECT_THAT(calls[2], testing::HasSubstr("WWW...\""));
+        }
+    }
+}
+
 TEST_F(DrawerRowsTest, AShortLabelIsNotCut) {
     menu->add("short");
     EXPECT_EQ(drawn(*menu).back(), label("short", 95, 80 + labelOffset(96)));
