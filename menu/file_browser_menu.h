@@ -15,8 +15,8 @@
 /// the event was handled; the library does not free it.
 class KESTRO_API FileBrowserMenu : public TextMenuDrawer {
 public:
-    /// The user cannot leave `baseDir`. `startDir` is the folder to open first; null for the base. The other
-    /// four are TextMenuDrawer's. Nothing is read yet.
+    /// The user cannot leave `baseDir`, of which null counts as "". `startDir` is the folder to open first;
+    /// null for the base. The other four are TextMenuDrawer's. Nothing is read yet.
     FileBrowserMenu(const char* baseDir, const char* startDir, const char* selectedBackground,
                     const char* normalBackground, int rowsPerPage, int rowGap);
     ~FileBrowserMenu() override;
@@ -30,7 +30,7 @@ public:
     int getListNum() override;
 
     /// Reads the folder to open first. Call it once before the list is shown, and again to start over.
-    /// Returns the rows, which stay the list's; null for a null base folder.
+    /// Returns the rows, which stay the list's; never null, and empty for a folder that cannot be read.
     std::vector<void*>* LoadDir();
 
     /// The folder that is shown, null before LoadDir. Valid until the folder changes.

@@ -6,8 +6,6 @@
 #include "core/input.h"
 #include "core/log.h"
 
-#include <algorithm>
-
 static constexpr int pageStep = 6;            // rows, however many are shown
 static constexpr uint64_t longestPause = 199; // milliseconds between presses that count as one run
 static constexpr size_t pressesUntilPaging = 11;
@@ -72,13 +70,22 @@ void ListMenu::reserved15() {}
 void ListMenu::reserved16() {}
 
 int ListMenu::pageUp() {
-    mCursor = std::max(mCursor - pageStep, 0);
+    mCursor = mCursor > pageStep ? mCursor - pageStep : 0;
     return 0;
 }
 
 int ListMenu::pageDown() {
-    mCursor = std::min(mCursor + pageStep, getListNum() - 1);
+    const int last = getListNum() - 1;
+    mCursor = mCursor < last - pageStep ? mCursor + pageStep : last;
     return 0;
+}
+
+void ListMenu::setRect(SDL_Rect& rect) {
+    mRect = rect;
+}
+
+void ListMenu::setFocus(bool focus) {
+    mFocus = focus;
 }
 
 void ListMenu::checkRepeatKey() {}

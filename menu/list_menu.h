@@ -82,9 +82,9 @@ public:
     int handleEvent(int code);
 
     /// The list's area, and whether it shows its selection.
-    void setRect(SDL_Rect& rect) { mRect = rect; }
+    void setRect(SDL_Rect& rect);
     SDL_Rect getRect() const { return mRect; }
-    void setFocus(bool focus) { mFocus = focus; }
+    void setFocus(bool focus);
     bool getFocus() const { return mFocus; }
 
     /// Whether up wraps from the first row to the last. True at first.

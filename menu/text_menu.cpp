@@ -41,7 +41,9 @@ void TextMenu::insertItem(void* row) {
 }
 
 void TextMenu::insertItemSorted(void* row, int (*compare)(void* newRow, void* existingRow)) {
-    const auto before = [&](TextMenuItemProvider* existing) { return compare(row, existing) <= 0; };
+    const auto before = [&](TextMenuItemProvider* existing) {
+        return compare && compare(row, existing) <= 0;
+    };
     mItems.insert(std::find_if(mItems.begin(), mItems.end(), before),
                   static_cast<TextMenuItemProvider*>(row));
 }

@@ -29,7 +29,8 @@ public:
     void insertItem(void* row);
 
     /// Takes a row over and puts it before the first one for which `compare` gives 0 or less, else at the
-    /// end: rows that compare equal stand newest first.
+    /// end: rows that compare equal stand newest first. A null `compare` puts it at the end. Null rows are
+    /// compared like others.
     void insertItemSorted(void* row, int (*compare)(void* newRow, void* existingRow));
 
     /// Appends a row and takes it over, unless a row has the same label, as given (without the word that

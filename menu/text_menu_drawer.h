@@ -54,7 +54,7 @@ public:
     /// Draws a label with the part that matches `keyword` in gHighlightColor. `textInitials` and
     /// `extraInitials` are the pinyin initials of the two texts; the extra text is searched too, and shown
     /// in brackets when only it matches; null leaves it out. Null counts as "". `align` is that of
-    /// DrawString, except that unknown codes centre. Returns 0.
+    /// DrawString, except that unknown codes centre a label that matches. Returns 0.
     int drawListText(TTF_Font* font, SDL_Rect rect, const char* text, SDL_Color color, int align, bool shadow,
                      const char* keyword, const char* textInitials, const char* extraInitials,
                      const char* extraText);
@@ -62,6 +62,10 @@ public:
     /// A row's picture from the drawer's caches, else from the loader; null if there is none, or not yet.
     /// What fits into a row is kept with the icons, anything larger with the thumbnails, 101 of each. The
     /// drawer owns it: use it at once. Null and empty paths give null.
+    ///
+    /// Rows ask for their icon (getImagePath) at the size of a square with sides of the item height less 32
+    /// pixels, which is 64 x 64 with six rows on a page; a row of 32 pixels or less has none. The current
+    /// row's thumbnail (getSecondImagePath) is asked for at 300 x 300.
     KestroSurface* getRowImage(const char* path, int width, int height);
 
     /// Replaces the loader, which at first loads at once; null brings that back.

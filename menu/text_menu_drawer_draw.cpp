@@ -53,7 +53,7 @@ int TextMenuDrawer::draw() {
         drawRow(index);
     drawThumbnail();
     if (mShowListNumber)
-        drawListNumAtStatBar(mCursor + 1, count);
+        drawListNumAtStatBar(std::min(mCursor, INT32_MAX - 1) + 1, count);
     return 0;
 }
 

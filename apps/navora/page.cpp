@@ -39,8 +39,8 @@ int Page::eventHandling() {
 int Page::draw() {
     FillRect(nullptr, nullptr, 14, 19, 30, 255);
     drawAt(gBackground, 0, 0);
-    DrawString(gPopupFontTitle, {margin, 0, screenWidth - 2 * margin, headerHeight}, getTitle(), gNavColorTxt,
-               3, false, false);
+    drawCut(gPopupFontTitle, {margin, 0, screenWidth - 2 * margin, headerHeight}, getTitle(), gNavColorTxt,
+            3);
     drawContent();
     drawHints();
     return 0;

@@ -64,6 +64,9 @@ protected:
     TextMenuDrawer& list() const { return *mList; }
     void setList(std::unique_ptr<TextMenuDrawer> list) { mList = std::move(list); }
 
+    /// Only a row can be confirmed.
+    int confirmHint() const override { return mList->getListNum() > 0 ? Page::confirmHint() : -1; }
+
     void drawContent() override;
     int handleInput() override;
     void themeChanged() override { mList->refresh(); }

@@ -105,6 +105,13 @@ TEST_F(NavoraGamesTest, AnEmptyFolderSaysSo) {
     EXPECT_EQ(plainGamesShot(mFolder.path()).part(middle).colors(), 1);
 }
 
+TEST_F(NavoraGamesTest, AnEmptyFolderOffersNothingToOpen) {
+    const Picture empty = gamesShot(mFolder.path()).part(layout::hints);
+    mFolder.addFile("a");
+    EXPECT_NE(empty, gamesShot(mFolder.path()).part(layout::hints));
+    EXPECT_EQ(empty, gamesShot(mFolder.path(), "a").part(layout::hints)); // of the details: back is all
+}
+
 TEST_F(NavoraGamesTest, AnEmptyFolderSaysSoInTheLanguageOfTheSettings) {
     EXPECT_NE(gamesShot(mFolder.path(), "", {"--lang", "ch.lang"}).part(layout::list),
               gamesShot(mFolder.path()).part(layout::list));
@@ -134,4 +141,24 @@ TEST_F(NavoraGamesTest, ALongNameIsCutWithinItsRow) {
     EXPECT_EQ(page.part(end), plainGamesShot(mFolder.path()).part(end));
     for (int row = 1; row < 3; ++row)
         EXPECT_GT(page.part({1020, layout::list.y + row * layout::rowHeight, 108, 90}).colors(), 10) << row;
+}
+
+TEST_F(NavoraGamesTest, ALongTitleIsCutBeforeTheEdge) {
+    constexpr SDL_Rect edge{1240, 0, 40, 80};
+    constexpr SDL_Rect before{1000, 0, 100, 80};
+    mFolder.addFile("a");
+    const Picture shortTitle = gamesShot(mFolder.path(), "a");
+    for (const std::string piece : {"W", "超"}) {
+        SampleFolder longNames;
+        std::string name;
+        while (name.size() < 200)
+            name += piece;
+        longNames.addFolder(name);
+        longNames.addFile(name + "z");
+        for (const char* keys : {"a", "down,a"}) { // the folder's list, the file's details
+            const Picture page = gamesShot(longNames.path(), keys);
+            EXPECT_EQ(page.part(edge), shortTitle.part(edge)) << piece << keys;
+            EXPECT_NE(page.part(before), shortTitle.part(before)) << piece << keys;
+        }
+    }
 }

@@ -4,6 +4,7 @@
 #include "support/entry_repeater.h"
 
 #include <filesystem>
+#include <new>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -116,6 +117,14 @@ TEST_F(CountNumberTest, LongPathsAreCountedWhole) {
     const std::string name(255, 'n');
     make({"base/" + name + "/" + name + "/" + name + "/" + name});
     EXPECT_EQ(CountNumber("base", nullptr), 4);
+}
+
+TEST_F(CountNumberTest, WithoutMemoryItGivesMinusOne) {
+    make({"base/a", "base/dir/b"});
+    // The memory ends during the count, deep in the tree as well as at its top.
+    const auto exhausted = [](const char*, const char*) -> bool { throw std::bad_alloc(); };
+    EXPECT_EQ(CountNumber("base", exhausted), -1);
+    EXPECT_EQ(CountNumber("base/dir", exhausted), -1);
 }
 
 TEST_F(CountNumberTest, AFullFolderIsCountedWhole) {

@@ -3,7 +3,9 @@
 
 #include "system/language.h"
 
+#include <algorithm>
 #include <cstring>
+#include <ctime>
 #include <random>
 
 /// Rows come out as if each had been inserted alone, in the order in which the folder gives its entries.
@@ -163,4 +165,16 @@ TEST_F(DirOrderTest, AFullFolderIsOrderedToo) {
         return random() % 2 ? row(label()) : row(label(), static_cast<uint32_t>(random() % 3));
     });
     EXPECT_EQ(mixed.size(), 20000u);
+}
+
+TEST_F(DirOrderTest, TenTimesTheRowsDoNotTakeAHundredTimesAsLong) {
+    // In ascending order, which is the slowest for rows that are inserted one by one.
+    const auto cpuTime = [this](int count) {
+        int next = 100000;
+        const std::clock_t begin = std::clock();
+        read(count, [&] { return row(std::to_string(next++), 1); });
+        return static_cast<double>(std::clock() - begin);
+    };
+    const double few = std::max({cpuTime(2000), cpuTime(2000), cpuTime(2000)});
+    EXPECT_LT(cpuTime(20000), 40 * few);
 }

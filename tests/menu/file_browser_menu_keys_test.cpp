@@ -137,7 +137,13 @@ TEST_F(FileBrowserKeysTest, AResultOf26WithoutItsEventChangesNothing) {
     menu->restored.clear();
     EXPECT_EQ(press(1), 26);
     EXPECT_EQ(press(1, "base/many"), 26); // the event of a key that happens to carry a path
-    pressKey(SDLK_SPACE, false);
+    SDL_Event key{}; // of the keyboard, with 26 and no pointer where a user event has its code and its path
+    key.type = SDL_KEYUP;
+    key.key.state = 26;
+    key.key.keysym.sym = SDLK_SPACE;
+    ASSERT_EQ(key.user.code, 26);
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+    SDL_PushEvent(&key);
     EXPECT_EQ(menu->eventHandling(), 26);
     EXPECT_STREQ(menu->getCurrentDir(), "base/a");
     EXPECT_TRUE(menu->restored.empty());

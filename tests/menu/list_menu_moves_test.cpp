@@ -70,6 +70,18 @@ TEST_F(ListMenuMovesTest, PagesAreSixRowsWhateverTheEndsAllow) {
     EXPECT_EQ(list.getCursor(), 19);
 }
 
+TEST_F(ListMenuMovesTest, PagesFromFarBeyondTheRowsEndOnThem) {
+    CountedList list(20);
+    for (const int cursor : {20, 1000, INT_MAX - 5, INT_MAX}) {
+        EXPECT_EQ(at(list, cursor)->pageDown(), 0);
+        EXPECT_EQ(list.getCursor(), 19) << cursor;
+    }
+    for (const int cursor : {-1, -1000, INT_MIN + 5, INT_MIN}) {
+        EXPECT_EQ(at(list, cursor)->pageUp(), 0);
+        EXPECT_EQ(list.getCursor(), 0) << cursor;
+    }
+}
+
 TEST_F(ListMenuMovesTest, WithoutRowsTheCursorGoesToMinusOneOrZero) {
     CountedList list(0);
     EXPECT_EQ(at(list, 0)->moveForward(), 0);

@@ -6,18 +6,11 @@
 /// The pictures of a drawer's rows, with a loader of the test's own that notes what it is asked.
 class RowImagesTest : public ListDrawingTest {
 protected:
-    std::unique_ptr<OpenTextMenu> menu;
     std::vector<std::string> asked;
     int alive = 0;
 
-    void SetUp() override {
-        ListDrawingTest::SetUp();
-        menu.reset(newMenu());
-        takeLog();
-    }
-
     void TearDown() override {
-        menu.reset();
+        menu.reset(); // while it can still count
         ListDrawingTest::TearDown();
     }
 
@@ -214,6 +207,17 @@ TEST_F(RowImagesTest, RowsAskForTheirIconAndTheCurrentOneForItsThumbnail) {
     menu->setFocus(false);
     menu->draw();
     EXPECT_THAT(asked, testing::ElementsAre("a.icon 64x64", "b.icon 64x64"));
+}
+
+TEST_F(RowImagesTest, TheIconIsASquareThatLeaves16PixelsAboveAndBelow) {
+    answerWith([](int, int) { return nullptr; });
+    menu->add("a")->setImagePath("a.icon");
+    for (const int height : {200, 33, 32, 10}) {
+        SDL_Rect rect{0, 80, 1280, height};
+        menu->updateRectAndNum(rect, 1);
+        menu->draw();
+    }
+    EXPECT_THAT(asked, testing::ElementsAre("a.icon 168x168", "a.icon 1x1"));
 }
 
 TEST_F(RowImagesTest, AnIconAtHandSparesThePath) {

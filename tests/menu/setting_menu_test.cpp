@@ -1,52 +1,14 @@
-#include "menu/setting_menu.h"
+#include "support/setting_menu_test.h"
 
 #include "support/drawing_log.h"
-#include "support/recorded_action.h"
-#include "support/screen_test.h"
-#include "support/setting_rows.h"
 #include "support/virtual_slot.h"
 
 #include <climits>
-#include <memory>
 
 using testing::ElementsAre;
 
-class OpenSettingMenu : public SettingMenu {
-public:
-    using TextMenuDrawer::mNormalBackground;
-    using TextMenuDrawer::mSelectedBackground;
-    using TextMenuDrawer::mThemePath;
-};
-
-class SettingMenuTest : public ScreenTest {
+class SettingMenuDrawTest : public SettingMenuTest {
 protected:
-    SettingRowLog log;
-    ActionLog actions;
-    std::unique_ptr<OpenSettingMenu> menu;
-
-    void SetUp() override {
-        ScreenTest::SetUp();
-        menu = std::make_unique<OpenSettingMenu>();
-        takeLog();
-    }
-
-    void TearDown() override {
-        menu.reset();
-        takeLog();
-        ScreenTest::TearDown();
-    }
-
-    RecordedSettingRow* add(Action* action = nullptr) {
-        auto* const row = new RecordedSettingRow(log, menu->getListNum() + 1, action);
-        menu->insertSettingItem(row);
-        return row;
-    }
-
-    void addRows(int count) {
-        while (count-- > 0)
-            add();
-    }
-
     /// The numbers of the rows that a draw draws.
     std::vector<int> drawn() {
         log.draws.clear();
@@ -145,7 +107,7 @@ TEST_F(SettingMenuTest, AnActionMayDeleteThePage) {
     EXPECT_EQ(log.deleted, 1);
 }
 
-TEST_F(SettingMenuTest, RowsStand96PixelsApart) {
+TEST_F(SettingMenuDrawTest, RowsStand96PixelsApart) {
     addRows(3);
     menu->setCursor(1);
     EXPECT_EQ(menu->draw(), 0);
@@ -153,27 +115,27 @@ TEST_F(SettingMenuTest, RowsStand96PixelsApart) {
                 ElementsAre("1 at 10,80 1260x96", "2 at 10,176 1260x96 selected", "3 at 10,272 1260x96"));
     log.draws.clear();
     SDL_Rect rect{100, 7, 500, 300};
-    menu->updateRectAndNum(rect, 3); // neither the rows' height nor their number on a page follows
+    menu->updateRectAndNum(rect, 3); // the rows' height does not follow
     menu->draw();
     EXPECT_THAT(log.draws,
                 ElementsAre("1 at 110,7 480x96", "2 at 110,103 480x96 selected", "3 at 110,199 480x96"));
 }
 
-TEST_F(SettingMenuTest, DrawsNothingButItsRows) {
+TEST_F(SettingMenuDrawTest, DrawsNothingButItsRows) {
     addRows(3);
     DrawingLog calls;
     menu->draw();
     EXPECT_TRUE(calls.take().empty());
 }
 
-TEST_F(SettingMenuTest, TheSelectionDoesNotNeedTheFocus) {
+TEST_F(SettingMenuDrawTest, TheSelectionDoesNotNeedTheFocus) {
     addRows(1);
     menu->setFocus(false);
     menu->draw();
     EXPECT_THAT(log.draws, ElementsAre("1 at 10,80 1260x96 selected"));
 }
 
-TEST_F(SettingMenuTest, ScrollsAPageOfSix) {
+TEST_F(SettingMenuDrawTest, ScrollsAPageOfSix) {
     addRows(10);
     EXPECT_THAT(drawn(), ElementsAre(1, 2, 3, 4, 5, 6));
     menu->setCursor(5);
@@ -192,7 +154,16 @@ TEST_F(SettingMenuTest, ScrollsAPageOfSix) {
     EXPECT_THAT(drawn(), ElementsAre(1, 2, 3, 4, 5, 6));
 }
 
-TEST_F(SettingMenuTest, AShortPageShowsAllItsRows) {
+TEST_F(SettingMenuDrawTest, APageHasSixRowsWhateverItsArea) {
+    addRows(10);
+    SDL_Rect rect{100, 7, 500, 300};
+    menu->updateRectAndNum(rect, 3);
+    EXPECT_THAT(drawn(), ElementsAre(1, 2, 3, 4, 5, 6));
+    menu->setCursor(7);
+    EXPECT_THAT(drawn(), ElementsAre(3, 4, 5, 6, 7, 8));
+}
+
+TEST_F(SettingMenuDrawTest, AShortPageShowsAllItsRows) {
     addRows(2);
     EXPECT_THAT(drawn(), ElementsAre(1, 2));
     EXPECT_EQ(menu->getLastVisible(), 1);
@@ -202,7 +173,7 @@ TEST_F(SettingMenuTest, AShortPageShowsAllItsRows) {
     EXPECT_TRUE(drawn().empty());
 }
 
-TEST_F(SettingMenuTest, AnEmptyPageDrawsNothingAndKeepsItsRange) {
+TEST_F(SettingMenuDrawTest, AnEmptyPageDrawsNothingAndKeepsItsRange) {
     EXPECT_TRUE(drawn().empty());
     EXPECT_EQ(menu->getLastVisible(), 0);
     addRows(8);

@@ -1,40 +1,23 @@
-#include "support/key_events.h"
-#include "support/recorded_action.h"
-#include "support/screen_test.h"
-#include "support/setting_rows.h"
-
-#include <memory>
+#include "support/setting_menu_test.h"
 
 /// The three kinds of rows on one page, worked by keys.
-class SettingPageTest : public ScreenTest {
+class SettingPageTest : public SettingMenuTest {
 protected:
-    ActionLog actions;
     RecordedValue value;
     RecordedSwitch toggle;
-    std::unique_ptr<SettingMenu> menu;
 
     void SetUp() override {
-        ScreenTest::SetUp();
-        menu = std::make_unique<SettingMenu>();
+        SettingMenuTest::SetUp();
         menu->insertSettingItem(
             new SettingItem(nullptr, nullptr, "plain", nullptr, new RecordedAction(actions, 33)));
         menu->insertSettingItem(new SettingValueItem(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
                                                      nullptr, 4, new RecordedAction(actions, 44), &value));
         menu->insertSettingItem(new SettingSwitchItem(nullptr, nullptr, nullptr, nullptr, 4, &toggle));
-        takeLog();
-    }
-
-    void TearDown() override {
-        menu.reset();
-        takeLog();
-        SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
-        ScreenTest::TearDown();
     }
 
     int press(int row, int code) {
         menu->setCursor(row);
-        pressCode(code);
-        return menu->eventHandling();
+        return SettingMenuTest::press(code);
     }
 };
 

@@ -8,19 +8,12 @@
 
 class DrawerDrawTest : public ListDrawingTest {
 protected:
-    std::unique_ptr<OpenTextMenu> menu;
-
     /// A menu with these labels; what is logged is taken.
     void open(const std::vector<const char*>& labels, int rowsPerPage = 6, int rowGap = 0) {
         menu.reset(newMenu(rowsPerPage, rowGap));
         for (const char* label : labels)
             menu->add(label);
         takeLog();
-    }
-
-    void TearDown() override {
-        menu.reset();
-        ListDrawingTest::TearDown();
     }
 };
 
@@ -172,6 +165,12 @@ TEST_F(DrawerDrawTest, ANullRowSaysThatItIsLoading) {
     useLanguage({{2, "wrong"}, {3, "Moment"}, {4, "wrong"}});
     menu->setShowNumber(false);
     EXPECT_EQ(drawn(*menu).back(), text(gListFontTxt, "Moment", {255, 0, 0, 255}, 30, 176 + labelOffset(96)));
+    menu->setShadow(true);
+    EXPECT_EQ(drawn(*menu).size(), 5u); // the other row is the current one
+    menu->setCursor(1);
+    const Drawing current = drawn(*menu);
+    ASSERT_EQ(current.size(), 5u);
+    EXPECT_EQ(current[3], text(gListFontTxt, "Moment", {255, 0, 0, 255}, 31, 178 + labelOffset(96)));
 }
 
 TEST_F(DrawerDrawTest, AnEmptyListDrawsNothingAtAll) {
@@ -233,6 +232,8 @@ TEST_F(DrawerPositionTest, IsAllThatIsDrawnForACursorBeyondTheRows) {
     menu->setShowListNumber(true);
     menu->setCursor(9);
     EXPECT_EQ(drawn(*menu), position("10", "1", 671));
+    menu->setCursor(INT32_MAX); // which has no next number
+    EXPECT_EQ(drawn(*menu), position("2147483647", "1", 671));
 }
 
 TEST_F(DrawerPositionTest, NeedsNoFont) {

@@ -7,19 +7,6 @@
 /// Rows with more than a short label: long ones, second lines, icons.
 class DrawerRowsTest : public ListDrawingTest {
 protected:
-    std::unique_ptr<OpenTextMenu> menu;
-
-    void SetUp() override {
-        ListDrawingTest::SetUp();
-        menu.reset(newMenu());
-        takeLog();
-    }
-
-    void TearDown() override {
-        menu.reset();
-        ListDrawingTest::TearDown();
-    }
-
     static std::string subLabel(const std::string& shown, int x, int y) {
         return text(gListFontSubtxt, shown, {20, 20, 20, 255}, x, y);
     }
@@ -66,6 +53,22 @@ TEST_F(DrawerRowsTest, ALabelIsCutBetweenItsCharacters) {
     ASSERT_GT(kept, 0);
     const std::string cut = repeated("中é", kept / 2) + (kept % 2 ? "中" : "") + "...";
     EXPECT_EQ(drawn(*menu).back(), label(cut, 95, 80 + labelOffset(96)));
+}
+
+TEST_F(DrawerRowsTest, LabelsThatAreNotUtf8AreDrawnLikeOthers) {
+    for (const std::string& bad :
+         {repeated("\x80", 255), repeated("\xFF\x80", 127), repeated("W", 254) + "\xE4",
+          repeated("\xE4\xB8", 127), std::string("\xF0\x9F")}) {
+        menu->clearItemList();
+        addTwoLines(bad.c_str(), bad.c_str());
+        const Drawing calls = drawn(*menu);
+        ASSERT_EQ(calls.size(), 4u);
+        EXPECT_THAT(calls[2], testing::HasSubstr(" -> 95," + std::to_string(firstLineY())));
+        EXPECT_THAT(calls[3], testing::HasSubstr(" -> 95," + std::to_string(secondLineY())));
+        if (bad[0] == 'W') {
+            EXPECT_THAT(calls[2], testing::HasSubstr("WWW...\""));
+        }
+    }
 }
 
 TEST_F(DrawerRowsTest, AShortLabelIsNotCut) {

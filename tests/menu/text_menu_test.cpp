@@ -119,6 +119,13 @@ TEST_F(TextMenuTest, ACompareThatIsAlwaysPositiveAppends) {
     EXPECT_THAT(labels(*menu), testing::ElementsAre("3", "2", "1"));
 }
 
+TEST_F(TextMenuTest, ANullCompareAppends) {
+    const std::unique_ptr<OpenTextMenu> menu(newMenu());
+    for (const char* const label : {"3", "2", "1"})
+        insertSorted(*menu, label, nullptr);
+    EXPECT_THAT(labels(*menu), testing::ElementsAre("3", "2", "1"));
+}
+
 TEST_F(TextMenuTest, SortedInsertionStopsAtTheFirstRowThatIsNotBefore) {
     const std::unique_ptr<OpenTextMenu> menu(newMenu());
     for (const char* const label : {"a", "z", "b"}) // not in order

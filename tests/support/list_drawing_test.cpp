@@ -7,20 +7,27 @@ void ListDrawingTest::SetUp() {
     gListColorSeq = {10, 10, 10, 255};
     gListColorSubtxt = {20, 20, 20, 255};
     gStatColorTxt = {30, 30, 30, 255};
+    menu.reset(newMenu());
+    takeLog();
+}
+
+void ListDrawingTest::TearDown() {
+    menu.reset();
+    SkinnedTest::TearDown();
 }
 
 OpenTextMenu* ListDrawingTest::newMenu(int rowsPerPage, int rowGap) {
-    auto* const menu = new OpenTextMenu("skin/bg-list-f.png", "skin/bg-list-n.png", rowsPerPage, rowGap);
-    menu->setShowListNumber(false);
-    return menu;
+    auto* const list = new OpenTextMenu("skin/bg-list-f.png", "skin/bg-list-n.png", rowsPerPage, rowGap);
+    list->setShowListNumber(false);
+    return list;
 }
 
-Drawing ListDrawingTest::drawn(OpenTextMenu& menu) {
+Drawing ListDrawingTest::drawn(OpenTextMenu& list) {
     TextureNames names;
-    names.name(menu.mSelectedBackground, "selected");
-    names.name(menu.mNormalBackground, "normal");
+    names.name(list.mSelectedBackground, "selected");
+    names.name(list.mNormalBackground, "normal");
     DrawingLog log;
-    EXPECT_EQ(menu.draw(), 0);
+    EXPECT_EQ(list.draw(), 0);
     return log.take();
 }
 

@@ -5,6 +5,7 @@
 #include "support/skinned_test.h"
 #include "support/texture_names.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,12 +17,16 @@ using Drawing = std::vector<std::string>;
 class ListDrawingTest : public SkinnedTest {
 protected:
     void SetUp() override;
+    void TearDown() override;
+
+    /// A menu as newMenu makes it, until a test replaces it.
+    std::unique_ptr<OpenTextMenu> menu;
 
     /// A menu with both backgrounds and without the position in the status bar.
     static OpenTextMenu* newMenu(int rowsPerPage = 6, int rowGap = 0);
 
-    /// What `menu` draws; with names for its backgrounds.
-    Drawing drawn(OpenTextMenu& menu);
+    /// What a list draws; with names for its backgrounds.
+    Drawing drawn(OpenTextMenu& list);
 
     /// The line for a text with its top left corner at x, y.
     static std::string text(TTF_Font* font, const std::string& text, SDL_Color color, int x, int y);

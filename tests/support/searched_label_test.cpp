@@ -6,13 +6,6 @@
 void SearchedLabelTest::SetUp() {
     ListDrawingTest::SetUp();
     InitPinYinMap();
-    menu.reset(newMenu());
-    takeLog();
-}
-
-void SearchedLabelTest::TearDown() {
-    menu.reset();
-    ListDrawingTest::TearDown();
 }
 
 Drawing SearchedLabelTest::searched(const char* text, const char* keyword, int align, bool shadow,

@@ -2,13 +2,10 @@
 
 #include "support/list_drawing_test.h"
 
-#include <memory>
-
 /// A test of labels with a search: matches are green, the rest is white.
 class SearchedLabelTest : public ListDrawingTest {
 protected:
     void SetUp() override;
-    void TearDown() override;
 
     /// What drawListText draws in the rectangle 100,200 700x50, in white with the list's font. Initials
     /// that are not given are made of the texts.
@@ -25,6 +22,4 @@ protected:
 
     /// The width that SDL_ttf measures when it takes the bytes for Latin-1.
     static int latinWidth(const std::string& text);
-
-    std::unique_ptr<OpenTextMenu> menu;
 };
