@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+namespace hostkit {
+
+/// Makes `folder` the library's theme (gThemePath), "" the default one, which lies in "./". A "/" at its end
+/// is not needed. For before the skin is loaded. Main thread, like everything here.
+void useTheme(const std::string& folder);
+
+/// Changes the theme while the skin is in use: it is loaded anew, and the icons and texts of the old theme
+/// are forgotten. Lists take it over by refresh().
+void changeTheme(const std::string& folder);
+
+/// The folder, ending in "/"; "" for the default theme.
+const std::string& themeFolder();
+
+/// What the settings file keeps: the folder, null for the default theme. Valid until the theme changes.
+const char* savedTheme();
+
+/// Grows with every changeTheme, so that a page can tell whether it shows the theme in force.
+int themeNumber();
+
+} // namespace hostkit
