@@ -53,7 +53,7 @@ public:
     int dowork(void*) override {
         const auto choose = mChoose; // which may delete the row
         const std::string path = mPath;
-        return (*choose)(path);
+        return choose ? (*choose)(path) : nothingDone;
     }
 
 private:
@@ -76,8 +76,8 @@ TextMenuItem* makeFolderRow(const char* name, const char* path) {
 }
 
 TextMenuItem* makeFileRow(const char* name, const char* path) {
-    auto* const row =
-        new TextMenuItem(name, nullptr, sChoose ? new ChooseFile(path, sChoose) : nullptr, true);
+    // Always with an action: rows without one would stand among the folders.
+    auto* const row = new TextMenuItem(name, nullptr, new ChooseFile(path, sChoose), true);
     row->setImagePath(fileIcon(name));
     row->setSecondImagePath(thumbnailOf(path).c_str());
     return row;
