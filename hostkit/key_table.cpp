@@ -176,16 +176,21 @@ static uint64_t numberOf(const std::string& text) {
     return number;
 }
 
-std::string keyTableName() {
+std::string keyTableName(const std::string& deviceRoot) {
     const std::string name = "/kestro-keys-v1-" + std::to_string(geteuid());
-    const char* const root = secure_getenv("KESTRO_DEVICE_ROOT");
-    if (!root || !*root)
+    if (deviceRoot.empty())
         return name;
     char fullPath[PATH_MAX];
     char number[24];
     snprintf(number, sizeof number, "-%016llx",
-             static_cast<unsigned long long>(numberOf(realpath(root, fullPath) ? fullPath : root)));
+             static_cast<unsigned long long>(
+                 numberOf(realpath(deviceRoot.c_str(), fullPath) ? fullPath : deviceRoot)));
     return name + number;
+}
+
+std::string keyTableName() {
+    const char* const root = secure_getenv("KESTRO_DEVICE_ROOT");
+    return keyTableName(root ? root : "");
 }
 
 bool removeKeyTable(const std::string& name) {

@@ -75,9 +75,12 @@ private:
     KeyTableLayout* shared();
 };
 
-/// The object's name for this user, and for this device where the environment variable KESTRO_DEVICE_ROOT
-/// names a folder that stands for one: "/kestro-keys-v1-UID" or "/kestro-keys-v1-UID-ROOT", with ROOT a
-/// number made from the folder's full path. So neither users nor simulated devices meet.
+/// The object's name for this user on the device itself: "/kestro-keys-v1-UID"; where `deviceRoot` names a
+/// folder that stands for a device, "/kestro-keys-v1-UID-ROOT" with ROOT a number made from the folder's full
+/// path. So neither users nor simulated devices meet.
+std::string keyTableName(const std::string& deviceRoot);
+
+/// The same for the device of this process: that of the environment variable KESTRO_DEVICE_ROOT.
 std::string keyTableName();
 
 /// Deletes the object of that name. A program that uses it makes a new one, with its own values, at its next

@@ -14,12 +14,14 @@ using hostkit::KeyTable;
 static const char* const sHelp = R"(Usage: kestro-keys get INDEX
        kestro-keys set INDEX VALUE
        kestro-keys watch INDEX
+       kestro-keys name
 
 Reads and writes the table of integer settings that a launcher shares with other programs.
 
   get     print the value at INDEX
   set     store VALUE at INDEX
   watch   print the value, and again whenever it changes, until interrupted
+  name    print the name of the table's shared-memory object, a file in /dev/shm
 
 INDEX is a number from 0 to 63; some of them:
 
@@ -87,6 +89,8 @@ int main(int argc, char** argv) {
         return fputs(sHelp, stdout) < 0;
     if (command == "--version")
         return puts("kestro-keys " KESTRO_KEYS_VERSION) < 0;
+    if (command == "name" && argc == 2)
+        return puts(hostkit::keyTableName().c_str()) < 0;
     if (command != "get" && command != "set" && command != "watch")
         return usageError(command.empty() ? "no command" : "unknown command '" + command + "'");
     const int wanted = command == "set" ? 4 : 3;

@@ -108,6 +108,10 @@ TEST_F(KestroKeysTest, WrongCommandLinesAreUsageErrors) {
     EXPECT_EQ(KeyTable().get(1), 0);
 }
 
+TEST_F(KestroKeysTest, NamePrintsTheObjectsName) {
+    EXPECT_EQ(run({"name"}).output, hostkit::keyTableName() + "\n");
+}
+
 TEST_F(KestroKeysTest, HelpAndVersionSayWhatItIs) {
     const KeysRun help = run({"--help"});
     EXPECT_EQ(help.exitCode, 0);
