@@ -34,11 +34,7 @@ static PresentedPad* findPad(SDL_JoystickID id) {
 static bool announce(SDL_Event& event) {
     if (event.type == SDL_JOYDEVICEADDED && !SDL_IsGameController(event.jdevice.which))
         event.type = SDL_CONTROLLERDEVICEADDED;
-    if (event.type != SDL_JOYDEVICEREMOVED)
-        return true;
-    if (PresentedPad* const pad = findPad(event.jdevice.which))
-        pad->releaseHat();
-    else
+    if (event.type == SDL_JOYDEVICEREMOVED && !findPad(event.jdevice.which))
         event.type = SDL_CONTROLLERDEVICEREMOVED;
     return true;
 }

@@ -59,7 +59,7 @@ void PresentedPad::present() {
 }
 
 void PresentedPad::close() {
-    releaseHat();
+    moveHat(SDL_HAT_CENTERED);
     if (isOpen())
         SDL_GameControllerClose(mController);
 }

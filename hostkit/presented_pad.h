@@ -19,9 +19,7 @@ public:
     /// Queues an event for everything that has changed since the last call.
     void present();
 
-    /// Queues what lets go of the hat. For a pad that has been unplugged.
-    void releaseHat() { moveHat(SDL_HAT_CENTERED); }
-
+    /// Lets go of the hat, so that it does not repeat for ever, and closes the controller.
     void close();
 
 private:

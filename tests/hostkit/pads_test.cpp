@@ -207,6 +207,26 @@ TEST_F(PadsTest, APadUnpluggedWhileItsHatIsHeldLetsGo) {
     EXPECT_THAT(takeEvents(), ElementsAre("hat 0", "removed " + std::to_string(pad.instance())));
 }
 
+TEST_F(PadsTest, AnUnknownPadUnpluggedWhileItsHatIsHeldLetsGo) {
+    VirtualPad pad;
+    initJoyStick();
+    takeEvents();
+    pad.moveHat(1);
+    EXPECT_THAT(takeEvents(), ElementsAre("hat 1"));
+    pad.detach();
+    EXPECT_THAT(takeEvents(), ElementsAre("hat 0", "removed " + std::to_string(pad.instance())));
+}
+
+TEST_F(PadsTest, APadThatSdlKnowsByItselfIsPresentedToo) {
+    VirtualPad pad(SDL_JOYSTICK_TYPE_GAMECONTROLLER);
+    initJoyStick();
+    takeEvents();
+    for (const int reported : {0, 1, 2, 3, 9, 10, 4, 6, 5, 12})
+        pad.press(reported);
+    EXPECT_THAT(takeEvents(), ElementsAre("down 0", "down 1", "down 2", "down 3", "down 4", "down 5",
+                                          "down 6", "down 7", "down 8", "hat 4"));
+}
+
 TEST_F(PadsTest, TwoPadsDoNotDisturbEachOther) {
     describePads(sScrambled);
     VirtualPad one;
