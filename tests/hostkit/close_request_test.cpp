@@ -27,6 +27,7 @@ protected:
     void TearDown() override {
         hostkit::forgetCloseRequest();
         EXPECT_TRUE(gPopupList.empty());
+        hostkit::gKeyTable.close();
         hostkit::removeKeyTable(hostkit::keyTableName());
         WindowTest::TearDown();
     }

@@ -1,6 +1,7 @@
 #include "hostkit/files.h"
 
 #include "core/host.h"
+#include "hostkit/key_table.h"
 #include "menu/file_browser_menu.h"
 #include "support/key_events.h"
 #include "support/screen_test.h"
@@ -26,6 +27,8 @@ protected:
     void TearDown() override {
         hostkit::setFileExtensions({});
         hostkit::setFileChosen(nullptr);
+        hostkit::gKeyTable.close();
+        hostkit::removeKeyTable(hostkit::keyTableName());
         ScreenTest::TearDown();
     }
 
