@@ -42,10 +42,20 @@ static Mix_Chunk* synthesized() {
                              static_cast<Uint32>(sTone.samples.size() * sizeof(Sint16)));
 }
 
+/// Closes the file by itself: the mixer forgets to when the file holds no sound.
+static Mix_Chunk* loadFile(const std::string& path) {
+    SDL_RWops* const file = SDL_RWFromFile(path.c_str(), "rb");
+    if (!file)
+        return nullptr;
+    Mix_Chunk* const chunk = Mix_LoadWAV_RW(file, 0);
+    SDL_RWclose(file);
+    return chunk;
+}
+
 static Mix_Chunk* load() {
     for (const char* const folder : {gThemePath, "./"})
         if (folder)
-            if (Mix_Chunk* const chunk = Mix_LoadWAV((std::string(folder) + "sound/key-tone.wav").c_str()))
+            if (Mix_Chunk* const chunk = loadFile(std::string(folder) + "sound/key-tone.wav"))
                 return chunk;
     return synthesized();
 }

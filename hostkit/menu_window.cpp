@@ -1,6 +1,5 @@
 #include "hostkit/menu_window.h"
 
-#include "core/window_stack.h"
 #include "gfx/fill.h"
 #include "gfx/text.h"
 #include "hostkit/theme.h"
@@ -12,11 +11,9 @@ MenuWindow::MenuWindow(std::string title, std::unique_ptr<ListMenu> list)
     : KestroWindow(-1, 0), mTitle(std::move(title)), mList(std::move(list)), mThemeNumber(themeNumber()) {}
 
 int MenuWindow::eventHandling() {
+    constexpr int close = 1005;
     const int result = mList->eventHandling();
-    if (result != 1 && result != 2)
-        return result;
-    const bool isLast = !gWinList || gWinList->size() < 2;
-    return isLast ? 1003 : 1002;
+    return result == 1 || result == 2 ? close : result;
 }
 
 int MenuWindow::draw() {

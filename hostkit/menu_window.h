@@ -9,7 +9,7 @@
 namespace hostkit {
 
 /// A full-screen window around one list: the theme's background, a title above, the list. Back (B, or A where
-/// the two are swapped) closes it, and leaves the loop in the last window of the stack. Main thread.
+/// the two are swapped) closes it; without another window beneath it, that ends the loop. Main thread.
 class MenuWindow : public KestroWindow {
 public:
     /// `list` is not null.
@@ -17,7 +17,7 @@ public:
 
     ListMenu& list() const { return *mList; }
 
-    /// A result of the list that means back, 1 or 2, becomes 1002 or 1003; others are returned as they are.
+    /// A result of the list that means back, 1 or 2, becomes 1005; others are returned as they are.
     int eventHandling() override;
     int draw() override;
     const char* getTitle() override { return mTitle.c_str(); }
