@@ -1,18 +1,24 @@
-# `cmake --install` gives a host what it builds against: the shared library, the public headers, kestro.pc
-# for pkg-config and a CMake package.
+# `cmake --install` gives a host what it builds against: the shared library, the host kit, the public headers,
+# kestro.pc and kestro-hostkit.pc for pkg-config, and a CMake package; and the command kestro-keys.
 include(CMakePackageConfigHelpers)
 
-# kestro.h is the list of the public headers.
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS kestro.h)
-file(STRINGS kestro.h public_headers REGEX "^#include \"")
-list(TRANSFORM public_headers REPLACE "^#include \"(.*)\"$" "\\1")
-list(APPEND public_headers kestro.h)
+# kestro.h is the list of the library's public headers, hostkit.h that of the host kit's.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS kestro.h hostkit/hostkit.h)
+set(public_headers kestro.h hostkit/hostkit.h)
+foreach(list kestro.h hostkit/hostkit.h)
+  file(STRINGS ${list} included REGEX "^#include \"")
+  list(TRANSFORM included REPLACE "^#include \"(.*)\"$" "\\1")
+  list(APPEND public_headers ${included})
+endforeach()
 foreach(header ${public_headers})
   get_filename_component(folder ${header} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kestro/${folder})
 endforeach()
 
-install(TARGETS kestro EXPORT KestroTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS kestro kestro-hostkit EXPORT KestroTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS kestro-keys RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 # What a host includes and links besides; both packages name it to pkg-config.
 set(KESTRO_REQUIRES sdl2 SDL2_ttf SDL2_image SDL2_mixer libcjson)
@@ -21,8 +27,12 @@ set(KESTRO_REQUIRES sdl2 SDL2_ttf SDL2_image SDL2_mixer libcjson)
 file(RELATIVE_PATH KESTRO_PREFIX_FROM_PC ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" KESTRO_PREFIX_FROM_PC ${KESTRO_PREFIX_FROM_PC})
 list(JOIN KESTRO_REQUIRES " " KESTRO_PC_REQUIRES)
-configure_file(cmake/kestro.pc.in cmake/kestro.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/cmake/kestro.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+list(TRANSFORM KESTRO_HOST_SYMBOLS PREPEND "-Wl,--undefined=" OUTPUT_VARIABLE KESTRO_PC_HOST_SYMBOLS)
+list(JOIN KESTRO_PC_HOST_SYMBOLS " " KESTRO_PC_HOST_SYMBOLS)
+foreach(module kestro kestro-hostkit)
+  configure_file(cmake/${module}.pc.in cmake/${module}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/cmake/${module}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/Kestro)
 configure_package_config_file(cmake/KestroConfig.cmake.in ${PROJECT_BINARY_DIR}/cmake/KestroConfig.cmake

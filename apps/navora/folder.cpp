@@ -2,10 +2,8 @@
 
 #include <SDL.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
-#include <strings.h>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -27,40 +25,6 @@ static std::string upperExtension(const Entry& entry) {
     for (char& c : extension)
         c = static_cast<char>(SDL_toupper(static_cast<unsigned char>(c)));
     return extension.empty() ? extension : extension.substr(1);
-}
-
-static bool isPicture(const Entry& entry) {
-    static const char* const extensions[] = {"PNG", "JPG", "JPEG", "BMP", "GIF", "WEBP"};
-    const std::string extension = upperExtension(entry);
-    return std::find(std::begin(extensions), std::end(extensions), extension) != std::end(extensions);
-}
-
-const char* iconOf(const Entry& entry) {
-    static const struct {
-        const char* extension;
-        const char* icon;
-    } icons[] = {
-        {"TXT", "skin/ic-text.png"},  {"MD", "skin/ic-text.png"},   {"OGG", "skin/ic-music.png"},
-        {"MP3", "skin/ic-music.png"}, {"WAV", "skin/ic-music.png"}, {"MP4", "skin/ic-video.png"},
-        {"MKV", "skin/ic-video.png"},
-    };
-    if (isPicture(entry))
-        return "skin/ic-image.png";
-    const std::string extension = upperExtension(entry);
-    for (const auto& [known, icon] : icons)
-        if (extension == known)
-            return icon;
-    return "skin/ic-file.png";
-}
-
-std::string pictureOf(const Entry& entry) {
-    if (entry.isFolder)
-        return "";
-    if (isPicture(entry))
-        return entry.path;
-    const std::string beside = fs::path(entry.path).replace_extension(".png").string();
-    struct stat status {};
-    return stat(beside.c_str(), &status) == 0 && S_ISREG(status.st_mode) ? beside : "";
 }
 
 static std::string sizeText(long long bytes) {

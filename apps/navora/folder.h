@@ -2,7 +2,6 @@
 
 #include <ctime>
 #include <string>
-#include <vector>
 
 namespace navora {
 
@@ -17,13 +16,6 @@ struct Entry {
 
 /// Looks at one file or folder. False for anything else, and for what is not there.
 bool readEntry(const std::string& path, Entry& entry);
-
-/// The row icon for a file of this kind; lives for ever.
-const char* iconOf(const Entry& entry);
-
-/// The picture of an entry: a picture file itself, for any other file NAME.png beside it; "" if there is
-/// none.
-std::string pictureOf(const Entry& entry);
 
 /// "Folder", or like "PNG, 24 kB".
 std::string describe(const Entry& entry);

@@ -4,7 +4,7 @@
 
 namespace navora {
 
-/// Lets the rows that file_handler makes open pages. `shell` outlives the window loop.
+/// Lets the rows of files open their details. `shell` outlives the window loop.
 void startGameRows(Shell& shell);
 
 } // namespace navora

@@ -3,37 +3,29 @@
 #include "core/host.h"
 #include "gfx/fill.h"
 #include "gfx/text.h"
+#include "hostkit/theme.h"
 #include "navora/look.h"
-#include "navora/theme.h"
 #include "navora/words.h"
 #include "shell/skin.h"
 #include "system/language.h"
 
 #include <SDL.h>
 
-#include <atomic>
-
 namespace navora {
 
-static std::atomic<bool> sLeaving{false};
-
-void leaveLoop() {
-    sLeaving = true;
-}
-
-Page::Page(Shell& shell, int title) : KestroWindow(title, 0), mShell(shell), mThemeNumber(themeNumber()) {}
+Page::Page(Shell& shell, int title)
+    : KestroWindow(title, 0), mShell(shell), mThemeNumber(hostkit::themeNumber()) {}
 
 void Page::update() {
     mShell.script.frameBegins();
-    if (mThemeNumber == themeNumber())
+    if (mThemeNumber == hostkit::themeNumber())
         return;
-    mThemeNumber = themeNumber();
+    mThemeNumber = hostkit::themeNumber();
     themeChanged();
 }
 
 int Page::eventHandling() {
-    const int code = handleInput();
-    return sLeaving ? loopQuit : code;
+    return handleInput();
 }
 
 int Page::draw() {

@@ -12,9 +12,6 @@ enum KeyCode { keyA = 1, keyB = 2, keyMenu = 11 };
 
 enum LoopCode { loopIgnored = 0, loopClose = 1002, loopQuit = 1003 };
 
-/// Makes every page leave the window loop at its next input. Any thread.
-void leaveLoop();
-
 /// What the pages share; it outlives all of them.
 struct Shell {
     ScriptedInput& script;

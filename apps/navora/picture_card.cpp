@@ -2,6 +2,7 @@
 
 #include "gfx/fill.h"
 #include "gfx/image.h"
+#include "hostkit/files.h"
 #include "navora/look.h"
 
 namespace navora {
@@ -35,7 +36,7 @@ static void drawPaperShape(const SDL_Rect& rect) {
 
 void PictureCard::draw(const SDL_Rect& rect, const Entry& entry) {
     if (mPath != entry.path) {
-        const std::string picture = pictureOf(entry);
+        const std::string picture = entry.isFolder ? "" : hostkit::thumbnailOf(entry.path);
         mPath = entry.path;
         mPicture.reset(picture.empty() ? nullptr
                                        : LoadKestroSurfaceSpecSized(picture.c_str(), rect.w, rect.h, nullptr,

@@ -3,7 +3,7 @@
 #include "core/window_stack.h"
 #include "gfx/screen.h"
 #include "gfx/transform.h"
-#include "navora/page.h"
+#include "hostkit/close_request.h"
 
 #include <SDL_image.h>
 
@@ -62,7 +62,7 @@ void ScriptedInput::frameBegins() {
         pushKey(code, SDL_KEYUP);
     } else if (!mShot.empty() && mShotState == pending && ++mFramesSince == 2) {
         takeShot(); // the first of the two frames has shown what the last key did
-        leaveLoop();
+        hostkit::requestClose();
     }
 }
 

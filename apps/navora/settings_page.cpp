@@ -2,9 +2,10 @@
 
 #include "core/host.h"
 #include "gfx/image.h"
+#include "hostkit/key_tone.h"
+#include "hostkit/settings.h"
+#include "hostkit/theme.h"
 #include "navora/clock.h"
-#include "navora/key_tone.h"
-#include "navora/settings.h"
 #include "navora/theme.h"
 #include "navora/words.h"
 #include "system/clock_settings.h"
@@ -56,7 +57,7 @@ SettingsPage::~SettingsPage() {
 }
 
 void SettingsPage::quit() {
-    saveSettings();
+    hostkit::saveSettings();
 }
 
 /// The rows hold the old theme's pictures: they are made anew around the same cursor.
@@ -91,11 +92,11 @@ void SettingsPage::addLookRows() {
             });
             return found == all.end() ? 0 : static_cast<int>(found - all.begin());
         },
-        [](int index) { changeLanguage((*getLangList())[static_cast<size_t>(index)].fileName); },
+        [](int index) { hostkit::changeLanguage((*getLangList())[static_cast<size_t>(index)].fileName); },
         [](int index) { return (*getLangList())[static_cast<size_t>(index)].displayName; });
     addValue(
         wordTheme, {0, static_cast<int>(themes().size()) - 1, 1, true}, currentTheme,
-        [](int index) { changeTheme(themes()[static_cast<size_t>(index)].folder); },
+        [](int index) { hostkit::changeTheme(themes()[static_cast<size_t>(index)].folder); },
         [](int index) -> std::string {
             const Theme& theme = themes()[static_cast<size_t>(index)];
             return theme.name.empty() ? getLangStr(wordDefault) : theme.name;
@@ -114,13 +115,13 @@ void SettingsPage::addSoundRows() {
         wordVolume, {0, 20, 1, false}, [] { return GetKeyShm(gShmInfo, volumeIndex); },
         [](int volume) {
             SetKeyShm(gShmInfo, volumeIndex, volume);
-            applyKeyToneVolume();
+            hostkit::applyKeyToneVolume();
         });
     addSwitch(
         wordKeyTone, [] { return gEnableKeyTone != 0; },
         [](bool on) {
             gEnableKeyTone = on;
-            applyKeyToneVolume();
+            hostkit::applyKeyToneVolume();
         });
     addTableSwitch(wordSwapAB, swapIndex);
 }

@@ -1,23 +1,32 @@
 #include "navora/theme.h"
 
-#include "core/host.h"
-#include "gfx/surface_cache.h"
-#include "shell/skin.h"
+#include "hostkit/theme.h"
 
 #include <algorithm>
 #include <filesystem>
 
 namespace fs = std::filesystem;
 
-const char* gThemePath = "./";
-
 namespace navora {
 
-static struct {
-    std::string folder; // in force
-    std::string chosen; // by the owner
-    int number = 0;
-} sTheme;
+static bool isSameFolder(const std::string& one, const std::string& other) {
+    std::error_code error;
+    return one == other || fs::equivalent(one, other, error);
+}
+
+/// The position in `all`, as many as there are for a folder that is not among them.
+static size_t positionIn(const std::vector<Theme>& all, const std::string& folder) {
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [&](const Theme& theme) { return isSameFolder(theme.folder, folder); });
+    return static_cast<size_t>(found - all.begin());
+}
+
+static void addFromElsewhere(std::vector<Theme>& all, const std::string& folder) {
+    if (positionIn(all, folder) < all.size())
+        return;
+    const std::string name = fs::path(folder).parent_path().filename().string();
+    all.push_back({name.empty() ? folder : name, folder});
+}
 
 static std::vector<Theme> readThemes() {
     std::vector<Theme> found;
@@ -31,66 +40,16 @@ static std::vector<Theme> readThemes() {
     return found;
 }
 
-static std::vector<Theme>& knownThemes() {
+const std::vector<Theme>& themes() {
     static std::vector<Theme> all = readThemes();
+    if (const char* const chosen = hostkit::savedTheme())
+        addFromElsewhere(all, chosen);
+    addFromElsewhere(all, hostkit::themeFolder());
     return all;
 }
 
-const std::vector<Theme>& themes() {
-    return knownThemes();
-}
-
-static bool isSameFolder(const std::string& one, const std::string& other) {
-    std::error_code error;
-    return one == other || fs::equivalent(one, other, error);
-}
-
-/// The position in themes(), as many as there are for a folder that is not among them.
-static size_t positionOf(const std::string& folder) {
-    const auto found = std::find_if(themes().begin(), themes().end(),
-                                    [&](const Theme& theme) { return isSameFolder(theme.folder, folder); });
-    return static_cast<size_t>(found - themes().begin());
-}
-
-/// The folder as the library wants it, with "/" at its end; from now on it is among themes().
-static std::string known(std::string folder) {
-    if (!folder.empty() && folder.back() != '/')
-        folder += '/';
-    if (positionOf(folder) == themes().size()) {
-        const std::string name = fs::path(folder).parent_path().filename().string();
-        knownThemes().push_back({name.empty() ? folder : name, folder});
-    }
-    return folder;
-}
-
 int currentTheme() {
-    return static_cast<int>(positionOf(sTheme.folder));
-}
-
-static void useFolder(const std::string& folder) {
-    sTheme.folder = folder;
-    gThemePath = folder.empty() ? "./" : sTheme.folder.c_str(); // the default skin lies beside the launcher
-}
-
-void startTheme(const std::string& chosen, const std::string& forThisRun) {
-    sTheme.chosen = known(chosen);
-    useFolder(forThisRun.empty() ? sTheme.chosen : known(forThisRun));
-}
-
-const char* savedTheme() {
-    return sTheme.chosen.empty() ? nullptr : sTheme.chosen.c_str();
-}
-
-void changeTheme(const std::string& folder) {
-    sTheme.chosen = folder;
-    useFolder(folder);
-    gIconCache.clear();
-    init_shared_skin(); // which forgets the rendered texts too
-    ++sTheme.number;
-}
-
-int themeNumber() {
-    return sTheme.number;
+    return static_cast<int>(positionIn(themes(), hostkit::themeFolder()));
 }
 
 } // namespace navora

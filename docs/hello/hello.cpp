@@ -1,32 +1,20 @@
+#include <hostkit/hostkit.h>
 #include <kestro.h>
 
-/// One page: a greeting in the middle, until B (left CTRL) is pressed or the window is closed.
-class Hello : public KestroWindow {
-public:
-    Hello() : KestroWindow(-1, 0) {}
-    int draw() override {
-        FillRect(nullptr, nullptr, 24, 32, 48, 255);
-        DrawString(mFont, {0, 0, 1280, 720}, "Hello · 你好", {255, 255, 255, 255}, 1, true, false);
-        return 0;
-    }
-    int eventHandling() override {
-        SDL_Event event{};
-        return wait_event(&event) == 2 || event.type == SDL_QUIT ? 1003 : 0;
-    }
-    void quit() override { TTF_CloseFont(mFont); }
-    void init() override {}
-    void update() override {}
-    void saveState(cJSON*) override {}
-    int queryInt() override { return 0; }
-
-private:
-    TTF_Font* mFont = TTF_OpenFont("regular.ttf", 44);
-};
+static int praise(void* fruit) {
+    tprintf("%s, a good choice\n", static_cast<const char*>(fruit));
+    return 0;
+}
 
 int main() {
-    TTF_Init();
-    ScreenInit(1280, 720, 32, 0);
-    std::vector<KestroWindow*> windows{new Hello};
+    hostkit::Session session;
+    if (!session.isOpen())
+        return fprintf(stderr, "%s\n", session.problem().c_str()), 1;
+    auto list = std::make_unique<TextMenu>("skin/bg-list-f.png", "skin/bg-list-n.png", 6, 0);
+    for (const char* fruit : {"Apple", "Bergamot", "Cherry"}) {
+        Action* const action = new GeneralAction(praise, const_cast<char*>(fruit));
+        list->insertItem(static_cast<TextMenuItemProvider*>(new TextMenuItem(fruit, nullptr, action, true)));
+    }
+    std::vector<KestroWindow*> windows{new hostkit::MenuWindow("Fruit", std::move(list))};
     runWindows(windows);
-    ScreenUninit();
 }

@@ -1,5 +1,7 @@
 #include "end_to_end/sample_folder.h"
 
+#include "hostkit/key_table.h"
+
 #include <SDL_image.h>
 
 #include <cstdlib>
@@ -15,6 +17,7 @@ SampleFolder::SampleFolder() : mPath((fs::temp_directory_path() / "navora-sample
 }
 
 SampleFolder::~SampleFolder() {
+    hostkit::removeKeyTable(hostkit::keyTableName(mPath)); // of a device that stood here
     fs::remove_all(mPath);
 }
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# A host builds against the installed library by pkg-config and by CMake's find_package, and draws its page.
+# Hosts build against the installed library, with and without the host kit, by pkg-config and by CMake's
+# find_package, and run.
 # Usage: host_builds_test.sh BUILD_FOLDER FONT
 set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
@@ -8,7 +9,11 @@ build=$1
 font=$2
 
 work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+clear_away() {
+  [[ ! -x ${keys-} ]] || rm -f "/dev/shm$("$keys" name)"
+  rm -rf "$work"
+}
+trap clear_away EXIT
 
 fail() {
   echo "$*" >&2
@@ -23,14 +28,24 @@ export PKG_CONFIG_PATH=$library/pkgconfig
 
 only_public_headers_are_installed() {
   diff <(cd "$work/moved/include/kestro" && find . -name '*.h' -printf '%P\n' | LC_ALL=C sort) \
-    <({ echo kestro.h && sed -nE 's/^#include "(.*)"$/\1/p' "$here/../../kestro.h"; } | LC_ALL=C sort) ||
-    fail "The installed headers are not those of kestro.h"
+    <(cd "$here/../.." && {
+      printf '%s\n' kestro.h hostkit/hostkit.h
+      sed -nE 's/^#include "(.*)"$/\1/p' kestro.h hostkit/hostkit.h
+    } | LC_ALL=C sort) ||
+    fail "The installed headers are not those of kestro.h and hostkit/hostkit.h"
+}
+
+# Unused libraries stay linked, so that the order in which they are searched shows below.
+compile() {
+  local flags module=$1 program=$2
+  shift 2
+  read -ra flags < <(pkg-config --cflags --libs "$module")
+  g++ -std=c++17 -Wl,--no-as-needed "$@" "${flags[@]}" -o "$program"
 }
 
 built_by_pkg_config() {
-  read -ra flags < <(pkg-config --cflags --libs kestro)
-  # Unused libraries stay linked, so that the order in which they are searched shows below.
-  g++ -std=c++17 -Wl,--no-as-needed "$hello/hello.cpp" "$hello/host.cpp" "${flags[@]}" -o "$work/by-pkg-config"
+  compile kestro "$work/without-kit" "$here/bare_host.cpp"
+  compile kestro-hostkit "$work/by-pkg-config" "$hello/hello.cpp"
 }
 
 built_by_cmake() {
@@ -38,6 +53,42 @@ built_by_cmake() {
     -DCMAKE_EXE_LINKER_FLAGS=-Wl,--no-as-needed >/dev/null
   cmake --build "$work/cmake" >/dev/null
   mv "$work/cmake/hello" "$work/by-cmake"
+}
+
+# Whatever a program defines by itself takes the place of the kit's, and nothing else does. Also by a linker
+# that leaves out what seems not to be needed.
+own_symbols_win() {
+  local symbol symbols=(gShmInfo gThemePath gKeyChunk GetKeyShm SetKeyShm initJoyStick file_filter file_handler)
+  compile kestro-hostkit "$work/which.o" -c "$here/which_symbols.cpp"
+  for symbol in "${symbols[@]}"; do
+    compile kestro-hostkit "$work/which" -Wl,--as-needed "-DOWN_$symbol" "$here/own_symbols.cpp" "$work/which.o"
+    answers "$symbol"
+  done
+  compile kestro-hostkit "$work/which" "${symbols[@]/#/-DOWN_}" "$here/own_symbols.cpp" "$work/which.o"
+  answers "${symbols[@]}"
+}
+
+answers() {
+  local said
+  said=$(cd "$work" && ./which | sed '/^ScreenInit/,$d') || fail "A host with its own $* does not open"
+  [[ $said == "$(printf '%s\n' "$@")" ]] || fail "Of its own $* a program has only" "$said"
+}
+
+# The defaults serve a program that takes nothing else from the kit.
+defaults_come_without_a_session() {
+  compile kestro-hostkit "$work/defaults" -Wl,--as-needed -x c++ - <<'END'
+#include <kestro.h>
+int main() {
+    initLogger(0);
+    return GetKeyShm(gShmInfo, 19) - 1; // as kestro-keys has set it
+}
+END
+  "$work/defaults" || fail "The defaults do not work without a session"
+}
+
+keys_are_shown() {
+  "$keys" set 19 1
+  [[ $("$keys" get 19) == 1 ]] || fail "kestro-keys does not get what it has set"
 }
 
 # kestro has a cJSON_GetObjectItem of its own that must be found before cJSON's.
@@ -70,16 +121,23 @@ readme_shows_this_host() {
   # shellcheck disable=SC2016
   sed -n '/^```cpp$/,/^```$/p' "$here/../../README.md" | sed '1d;$d' | diff - "$hello/hello.cpp" ||
     fail "README.md ('<') does not show docs/hello/hello.cpp ('>')"
+  (($(wc -l <"$hello/hello.cpp") <= 25)) || fail "docs/hello/hello.cpp has more than 25 lines"
 }
 
-export LD_LIBRARY_PATH=$library SDL_VIDEODRIVER=dummy SDL_RENDER_DRIVER=software
+export LD_LIBRARY_PATH=$library SDL_VIDEODRIVER=dummy SDL_RENDER_DRIVER=software SDL_AUDIODRIVER=dummy
+mkdir "$work/device"
+export KESTRO_DEVICE_ROOT=$work/device
+keys=$work/moved/bin/kestro-keys
 ln -s "$font" "$work/regular.ttf"
 readme_shows_this_host
 only_public_headers_are_installed
 built_by_pkg_config
 built_by_cmake
-for program in by-pkg-config by-cmake; do
+for program in without-kit by-pkg-config by-cmake; do
   kestro_comes_before_cjson "$work/$program"
   is_linked_by_soname "$work/$program"
   runs_until_closed "$work/$program"
 done
+keys_are_shown
+defaults_come_without_a_session
+own_symbols_win

@@ -1,7 +1,5 @@
 #include "support/host.h"
 
-TestHost gTestHost;
-
 void* gShmInfo = &gTestHost;
 const char* gThemePath = nullptr;
 

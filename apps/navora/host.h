@@ -1,8 +1,0 @@
-#pragma once
-
-namespace navora {
-
-/// Closes what initJoyStick has opened; before SDL shuts down.
-void closeJoysticks();
-
-} // namespace navora

@@ -1,0 +1,6 @@
+#include "core/host.h"
+#include "hostkit/pads.h"
+
+void initJoyStick() {
+    hostkit::openPads();
+}

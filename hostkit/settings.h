@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace hostkit {
+
+/// Makes `file`, such as "ch.lang", the language by the owner's choice. Main thread, like everything here.
+void changeLanguage(const std::string& file);
+
+/// Shows `file` in place of the owner's language, which remains what the settings keep.
+void useLanguageForThisRun(const std::string& file);
+
+/// Saves what the owner has set, not the theme and language that are only this run's. Returns whether the
+/// settings were written.
+bool saveSettings();
+
+} // namespace hostkit

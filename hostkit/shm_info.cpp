@@ -1,0 +1,4 @@
+#include "core/host.h"
+#include "hostkit/key_table.h"
+
+void* gShmInfo = &hostkit::gKeyTable;

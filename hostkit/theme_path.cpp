@@ -1,0 +1,3 @@
+#include "core/host.h"
+
+const char* gThemePath = "./";

@@ -1,0 +1,68 @@
+#include "core/host.h"
+#include "core/input.h"
+#include "core/window_stack.h"
+#include "hostkit/pads.h"
+#include "support/known_pad.h"
+#include "support/window_test.h"
+
+#include <SDL.h>
+
+#include <memory>
+
+/// A window reads a pad while the key-repeat thread runs.
+class PadRepeatTest : public WindowTest {
+protected:
+    void SetUp() override {
+        WindowTest::SetUp();
+        SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
+        ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_GAMECONTROLLER), 0) << SDL_GetError();
+        hostkit::openPads();
+        describePads("a:b0,dpup:b1,dpdown:b2,dpleft:b3,dpright:b4");
+        mPad = std::make_unique<VirtualPad>();
+        initJoyStick();
+        SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+    }
+
+    void TearDown() override {
+        mPad.reset();
+        hostkit::closePads();
+        WindowTest::TearDown();
+    }
+
+    /// The codes that the window has got when `steps` have been done, one a frame, each followed by the time
+    /// of a repeat.
+    std::vector<int> codesAfter(std::vector<std::function<void()>> steps) {
+        std::vector<int> codes;
+        size_t frame = 0;
+        RecordedWindow* const window = addWindow("w");
+        window->onUpdate = [&] {
+            if (frame < steps.size())
+                steps[frame]();
+        };
+        window->onInput = [&] {
+            for (int event = 0; event < 20; ++event)
+                if (const int code = wait_event(nullptr))
+                    codes.push_back(code);
+            clock.advance(600);
+            QuickRepeat::awaitLook();
+            return ++frame > steps.size() ? 1003 : 25;
+        };
+        runWindows(windows);
+        takeLog();
+        return codes;
+    }
+
+    std::unique_ptr<VirtualPad> mPad;
+};
+
+static void nothing() {}
+
+TEST_F(PadRepeatTest, AHeldDPadButtonRepeats) {
+    EXPECT_THAT(codesAfter({[&] { mPad->press(2); }, nothing, nothing, [&] { mPad->release(2); }, nothing}),
+                testing::ElementsAre(6, 6, 6, 6));
+}
+
+TEST_F(PadRepeatTest, UnpluggingEndsTheRepeat) {
+    EXPECT_THAT(codesAfter({[&] { mPad->press(2); }, nothing, [&] { mPad->detach(); }, nothing, nothing}),
+                testing::ElementsAre(6, 6, 6));
+}

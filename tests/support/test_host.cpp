@@ -1,0 +1,3 @@
+#include "support/host.h"
+
+TestHost gTestHost;
