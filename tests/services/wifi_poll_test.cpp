@@ -72,9 +72,11 @@ TEST_F(WifiPollTest, BothAnswersAreRead) {
 }
 
 TEST_F(WifiPollTest, LeavesTheRecordOfTheMonitorAlone) {
-    addClient("wpa_state=COMPLETED\n", "");
-    EXPECT_EQ(rx_get_wpa_msg().state, 4);
-    EXPECT_NE(readWifiStatus().state, 4);
+    const WpaMsg before = readWifiStatus();
+    addClient("wpa_state=COMPLETED\n", "RSSI=-123\n");
+    EXPECT_EQ(rx_get_wpa_msg().rssi, -123);
+    const WpaMsg after = readWifiStatus();
+    EXPECT_EQ(memcmp(&before, &after, sizeof before), 0);
 }
 
 TEST_F(WifiPollTest, EarlierAnswerIsForgotten) {
