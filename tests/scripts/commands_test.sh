@@ -7,7 +7,7 @@ set -euo pipefail
 
 # A repository without sources. Its "build" makes a launcher that tells where it was started and with what.
 fresh_clone() {
-  real chmod
+  real chmod mv
   mkdir -p clone elsewhere
   cp -r "$repository/run" "$repository/test" "$repository/tools" clone
   stub dpkg-query <<'END'
@@ -24,12 +24,13 @@ case $1 in
     ;;
   --build)
     mkdir -p "$2/apps/navora"
-    printf '#!%s\necho "in $PWD:"\nprintf "[%%s]" "$@"\n' "$BASH" >"$2/apps/navora/navora"
+    printf '#!%s\necho "in $PWD:"\nprintf "[%%s]" "$@"\necho " on device ${KESTRO_DEVICE_ROOT-}."\n' "$BASH" \
+      >"$2/apps/navora/navora"
     chmod +x "$2/apps/navora/navora"
     ;;
 esac
 END
-  unset DISPLAY WAYLAND_DISPLAY SDL_VIDEODRIVER
+  unset DISPLAY WAYLAND_DISPLAY SDL_VIDEODRIVER KESTRO_DEVICE_ROOT
 }
 
 from_elsewhere() {
@@ -48,7 +49,34 @@ test_run_builds_and_starts_the_launcher_in_the_callers_folder() {
 
 test_run_writes_only_what_the_launcher_writes_to_standard_output() {
   fresh_clone
-  expect output "$(env PATH="$programs" clone/run --version 2>/dev/null)" "in $PWD:"$'\n'"[--version]"
+  expect output "$(env PATH="$programs" clone/run --version 2>/dev/null)" "in $PWD:"$'\n'"[--version] on device ."
+}
+
+test_run_makes_a_device_for_the_launcher() {
+  fresh_clone
+  try clone/run --shot a.png
+  expect status "$status" 0
+  expect_part output "$output" "[--shot][a.png] on device $PWD/clone/build/device."
+  expect capacity "$(<clone/build/device/sys/class/power_supply/axp2202-battery/capacity)" 80
+}
+
+test_run_keeps_the_device_as_it_was_left() {
+  fresh_clone
+  try clone/run --shot a.png
+  try clone/tools/device battery 7
+  try clone/tools/device rotation 1
+  try clone/run --shot a.png
+  expect_part output "$output" "[--rotate][--shot][a.png] on device $PWD/clone/build/device."
+  expect capacity "$(<clone/build/device/sys/class/power_supply/axp2202-battery/capacity)" 7
+}
+
+test_run_takes_the_callers_device() {
+  fresh_clone
+  try clone/run --shot a.png --device-root mine
+  expect_part output "$output" "[--shot][a.png][--device-root][mine] on device ."
+  KESTRO_DEVICE_ROOT=/mine try clone/run --shot a.png
+  expect_part output "$output" "[--shot][a.png] on device /mine."
+  [[ ! -e clone/build/device ]]
 }
 
 test_run_configures_only_once() {

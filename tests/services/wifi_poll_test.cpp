@@ -72,9 +72,11 @@ TEST_F(WifiPollTest, BothAnswersAreRead) {
 }
 
 TEST_F(WifiPollTest, LeavesTheRecordOfTheMonitorAlone) {
-    addClient("wpa_state=COMPLETED\n", "");
-    EXPECT_EQ(rx_get_wpa_msg().state, 4);
-    EXPECT_NE(readWifiStatus().state, 4);
+    const WpaMsg before = readWifiStatus();
+    addClient("wpa_state=COMPLETED\n", "RSSI=-123\n");
+    EXPECT_EQ(rx_get_wpa_msg().rssi, -123);
+    const WpaMsg after = readWifiStatus();
+    EXPECT_EQ(memcmp(&before, &after, sizeof before), 0);
 }
 
 TEST_F(WifiPollTest, EarlierAnswerIsForgotten) {
@@ -161,6 +163,11 @@ TEST_F(WifiPollTest, PollsOfSeveralThreadsTakeTurns) {
         threads.emplace_back([&message] { message = rx_get_wpa_msg(); });
     for (std::thread& thread : threads)
         thread.join();
+    std::string turns;
+    for (size_t i = 0; i < messages.size(); ++i)
+        turns += "-p " + onDevice("/etc/wifi/sockets") + " -i wlan0 status\n-p " +
+                 onDevice("/etc/wifi/sockets") + " -i wlan0 signal_poll\n";
+    EXPECT_EQ(takeCalls(), turns);
     for (const WpaMsg& message : messages) {
         EXPECT_EQ(message.state, 4);
         EXPECT_STREQ(message.ip_address, "10.0.0.7");
