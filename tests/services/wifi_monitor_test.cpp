@@ -1,78 +1,16 @@
+#include "support/wifi_monitor_test.h"
 #include "services/process_list.h"
-#include "support/child_process.h"
-#include "support/fake_clock.h"
-#include "support/wifi_test.h"
 
 #include <atomic>
-#include <chrono>
-#include <cstddef>
-#include <filesystem>
 #include <fstream>
-#include <pthread.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
+
+// What the Wi-Fi monitor asks, and what it makes of the answers.
 
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr char alreadyStarted[] = "wifi monitor already started.";
-
-class WifiMonitorTest : public WifiTest {
-protected:
-    void SetUp() override {
-        WifiTest::SetUp();
-        addProcess("77", "/usr/sbin/wpa_supplicant");
-        mThreads = threads();
-        mSleep.emplace();
-    }
-
-    void TearDown() override {
-        stop();
-        EXPECT_TRUE(ends());
-        WifiTest::TearDown();
-    }
-
-    /// Starts the monitor and waits for the end of its first poll. The log is taken.
-    void start() {
-        rx_wifi_monitor_start();
-        EXPECT_EQ(sleeps(), 3'000'000u);
-        EXPECT_THAT(takeLog(), testing::StartsWith("new thread_wifi_monitor: pid "));
-    }
-
-    /// Stops the monitor, and ends its sleep.
-    void stop() {
-        rx_wifi_monitor_stop();
-        mSleep.reset();
-    }
-
-    /// Waits until the monitor sleeps; tells for how long in microseconds.
-    uint64_t sleeps() { return mSleep->await(); }
-
-    /// Lets the monitor sleep out and poll once more.
-    void polls() {
-        mSleep->end();
-        EXPECT_EQ(sleeps(), 3'000'000u);
-    }
-
-    /// Waits until the monitor's thread is gone; false when it stays.
-    bool ends() {
-        for (int i = 0; i < 10'000; ++i, std::this_thread::sleep_for(std::chrono::milliseconds(1)))
-            if (threads() == mThreads)
-                return true;
-        return false;
-    }
-
-    ptrdiff_t newThreads() const { return threads() - mThreads; }
-
-    std::optional<HeldSleep> mSleep;
-
-private:
-    ptrdiff_t mThreads = 0;
-
-    static ptrdiff_t threads() { return std::distance(fs::directory_iterator("/proc/self/task"), {}); }
-};
 
 /// A client that answers only when it is told to.
 class HangingClientTest : public WifiMonitorTest {
@@ -199,83 +137,6 @@ TEST_F(WifiMonitorTest, ProcessListThatCannotBeReadIsLoggedAtEachPoll) {
     EXPECT_EQ(takeLog(), "can not open /proc\n");
 }
 
-TEST_F(WifiMonitorTest, SecondStartIsRefusedWithALineAndLeavesOneThread) {
-    addClient("wpa_state=COMPLETED\n", "");
-    start();
-    rx_wifi_monitor_start();
-    EXPECT_EQ(takeLog(), alreadyStarted);
-    EXPECT_EQ(newThreads(), 1);
-}
-
-TEST_F(WifiMonitorTest, EveryStartZeroesTheRecord) {
-    addClient("wpa_state=COMPLETED\n", "RSSI=-61\n");
-    start();
-    ASSERT_EQ(readWifiStatus().state, 4);
-    rx_wifi_monitor_start();
-    EXPECT_EQ(takeLog(), alreadyStarted);
-    const WpaMsg record = readWifiStatus();
-    const WpaMsg zero{};
-    EXPECT_EQ(memcmp(&record, &zero, sizeof zero), 0) << "also one that is refused";
-    polls();
-    EXPECT_EQ(readWifiStatus().state, 4);
-    stop();
-    ASSERT_TRUE(ends());
-    EXPECT_EQ(readWifiStatus().state, 4) << "the end does not";
-    endProcess("77");
-    mSleep.emplace();
-    start();
-    EXPECT_EQ(readWifiStatus().state, 0);
-}
-
-TEST_F(WifiMonitorTest, StopDoesNotWaitForTheSleep) {
-    addClient("", "");
-    start();
-    rx_wifi_monitor_stop();
-    EXPECT_EQ(newThreads(), 1) << "it sleeps on";
-    mSleep->end();
-    EXPECT_TRUE(ends());
-}
-
-TEST_F(WifiMonitorTest, StoppedMonitorDoesNotPollAgain) {
-    addClient("", "");
-    start();
-    takeCalls();
-    stop();
-    ASSERT_TRUE(ends());
-    EXPECT_EQ(takeCalls(), "");
-}
-
-TEST_F(WifiMonitorTest, StartIsRefusedUntilTheOldThreadHasEnded) {
-    addClient("", "");
-    start();
-    rx_wifi_monitor_stop();
-    rx_wifi_monitor_start();
-    EXPECT_EQ(takeLog(), alreadyStarted);
-    mSleep->end();
-    ASSERT_TRUE(ends()) << "the refused start has not taken the stop back";
-    start();
-    EXPECT_EQ(newThreads(), 1);
-}
-
-TEST_F(WifiMonitorTest, StopWithoutAStartIsHarmless) {
-    addClient("", "");
-    rx_wifi_monitor_stop();
-    rx_wifi_monitor_stop();
-    start();
-    EXPECT_EQ(newThreads(), 1);
-}
-
-TEST_F(WifiMonitorTest, StartsAndStopsTwentyTimes) {
-    for (int i = 0; i < 20; ++i) {
-        addClient("wpa_state=COMPLETED\n", "RSSI=" + std::to_string(i - 90) + "\n");
-        start();
-        EXPECT_EQ(rx_wifi_status()->rssi, i - 90);
-        stop();
-        ASSERT_TRUE(ends());
-        mSleep.emplace();
-    }
-}
-
 TEST_F(WifiMonitorTest, RecordIsReadWhileItIsWritten) {
     addClient("\nssid=" + std::string(63, 'a') + "\nwpa_state=COMPLETED\n", "");
     start();
@@ -291,35 +152,6 @@ TEST_F(WifiMonitorTest, RecordIsReadWhileItIsWritten) {
         polls();
     done = true;
     reader.join();
-}
-
-TEST_F(WifiMonitorTest, ThreadThatCannotBeMadeLeavesTheMonitorStopped) {
-    addClient("", "");
-    pthread_attr_t normal;
-    pthread_attr_t impossible;
-    pthread_getattr_default_np(&normal);
-    pthread_attr_init(&impossible);
-    pthread_attr_setstacksize(&impossible, size_t{1} << 47); // more than there are addresses
-    pthread_setattr_default_np(&impossible);
-    rx_wifi_monitor_start();
-    EXPECT_EQ(newThreads(), 0);
-    rx_wifi_monitor_start();
-    EXPECT_EQ(takeLog(), "") << "not refused";
-    pthread_setattr_default_np(&normal);
-    pthread_attr_destroy(&normal);
-    pthread_attr_destroy(&impossible);
-    start();
-    EXPECT_EQ(newThreads(), 1);
-}
-
-TEST_F(WifiMonitorTest, ProcessMayEndWhileItRuns) {
-    addClient("wpa_state=COMPLETED\n", "");
-    const ChildResult child = inChild([this](int) {
-        rx_wifi_monitor_start();
-        sleeps();
-    });
-    EXPECT_EQ(child.exitCode, 0);
-    takeLog();
 }
 
 TEST_F(HangingClientTest, HoldsUpNobodyButTheMonitor) {
