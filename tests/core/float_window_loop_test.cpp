@@ -72,6 +72,8 @@ protected:
     }
 
     void TearDown() override {
+        for (KestroWindow* const left : windows) // where no loop was run
+            delete left;
         add2PopupList(nullptr);
         gWinList = nullptr;
         SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
