@@ -197,14 +197,23 @@ void runWindows(Windows& windows) {
         gWinList = outer;
 }
 
-void add2PopupList(KestroWindow* w) {
-    Windows queued = std::move(gPopupList);
+/// Discards all that is queued but `kept`.
+static void emptyQueue(const KestroWindow* kept) {
+    const Windows queued = std::move(gPopupList);
     gPopupList.clear();
     for (KestroWindow* displaced : queued)
-        if (displaced != w)
+        if (displaced != kept)
             discard(displaced);
+}
+
+void add2PopupList(KestroWindow* w) {
+    // What a displaced window queues in its end is displaced too. One that always queues another would go
+    // on for ever: what is left of that is below `w` and ends with the next frame.
+    constexpr int mostRounds = 16;
+    for (int round = 0; round < mostRounds && !gPopupList.empty(); ++round)
+        emptyQueue(w);
     if (w)
-        gPopupList.push_back(w); // after anything that a displaced window queued: the newest is the last
+        gPopupList.push_back(w);
 }
 
 void freeWindows(Windows& windows) {

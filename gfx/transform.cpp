@@ -107,9 +107,12 @@ KestroSurface* CropSurface(KestroSurface* s, SDL_Rect* rect) {
     return new SDL2KestroSurface(texture, part);
 }
 
-/// `value` without its fraction; the largest int for anything larger.
+/// `value` without its fraction; the nearest int for what no int can hold.
 static int truncated(float value) {
     constexpr int largest = std::numeric_limits<int>::max();
+    constexpr int lowest = std::numeric_limits<int>::min();
+    if (value < static_cast<float>(lowest))
+        return lowest;
     return value < static_cast<float>(largest) ? static_cast<int>(value) : largest;
 }
 
