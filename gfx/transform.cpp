@@ -99,8 +99,7 @@ KestroSurface* CropSurface(KestroSurface* s, SDL_Rect* rect) {
     SDL_Surface* const part = create_surface(rect->w, rect->h);
     if (!part)
         return nullptr;
-    SDL_Rect from = *rect; // the blit clips it in place
-    SDL_UpperBlit(source, &from, part, nullptr);
+    SDL_UpperBlit(source, rect, part, nullptr);
     SDL_Texture* const texture = SDL_CreateTextureFromSurface(kestro::liveRenderer(), part);
     if (!texture)
         tprintf("CropSurface create texture fail : %s\n", SDL_GetError());

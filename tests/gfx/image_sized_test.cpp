@@ -35,6 +35,7 @@ TEST_F(SizedImageTest, KeptRatioFitsInsideTheRequest) {
         {50, 100, 200, 200, "100x200"},
         {100, 100, 200, 100, "100x100"},
         {3, 2, 10, 10, "10x6"}, // 6.67 truncated
+        {3, 2, 4, 3, "4x3"},    // 3 x 3 / 2 is 4, the width asked for: the height stays
         {2, 3, 10, 10, "6x10"},
         {7, 5, 3, 3, "3x2"}, // 7 x 3 / 5 = 4 is too wide; 5 x 3 / 7 = 2
         {5, 7, 3, 3, "2x3"},

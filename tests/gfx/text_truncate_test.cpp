@@ -1,5 +1,6 @@
 #include "gfx/text.h"
 
+#include "support/real_function.h"
 #include "support/screen_test.h"
 
 #include <algorithm>
@@ -8,6 +9,17 @@
 #include <random>
 #include <string>
 #include <vector>
+
+/// A character that SDL_ttf fails to measure, 0 for none.
+static Uint16 sUnmeasured = 0;
+
+extern "C" int TTF_GlyphMetrics(TTF_Font* font, Uint16 character, int* minX, int* maxX, int* minY, int* maxY,
+                                int* advance) {
+    static const auto real = REAL_FUNCTION(TTF_GlyphMetrics);
+    if (character == sUnmeasured && character)
+        return -1;
+    return real(font, character, minX, maxX, minY, maxY, advance);
+}
 
 /// The first lead byte of each length of sequences, longest first.
 static constexpr struct {
@@ -102,6 +114,27 @@ TEST_F(TruncateTest, FollowsTheArithmeticForRandomTexts) {
         const int width = static_cast<int>(random() % 900);
         ASSERT_EQ(length(text, width), wantedLength(medium, text, width)) << testing::PrintToString(text);
     }
+}
+
+TEST_F(TruncateTest, SumsAreRoundedToSinglePrecisionAfterEachCharacter) {
+    // Ten characters of a fraction of 0.7 make a whole number, or just miss it: there every bit counts.
+    for (const char letter : std::string("ilmwAW.0")) {
+        const int tenth = 10 * advanceOf(medium, static_cast<Uint8>(letter)) + 17;
+        for (int count = 10; count <= 200; count += 10) {
+            const int width = 20 + (tenth * (count / 10) * 10 + 8) / 9;
+            const std::string text(static_cast<size_t>(count) + 3, letter);
+            ASSERT_EQ(length(text, width), wantedLength(medium, text, width)) << count << " of " << letter;
+        }
+    }
+}
+
+TEST_F(TruncateTest, ACharacterThatCannotBeMeasuredHasNoWidth) {
+    sUnmeasured = 'f';
+    const std::string text = "W" + std::string(100, 'f');
+    const int width = 20 + 3 * advanceOf(medium, 'W');
+    EXPECT_GT(length(text, width), 5); // of W's own width it would be 3
+    EXPECT_EQ(length(text, width), wantedLength(medium, text, width));
+    sUnmeasured = 0;
 }
 
 TEST_F(TruncateTest, ATextThatFitsIsNotCut) {
