@@ -64,8 +64,8 @@ static void discard(KestroWindow* window) {
     delete window;
 }
 
-/// Discards `window` and then takes it off the stack. It is found again by its value, since quit or the
-/// destructor may have changed the stack.
+/// Discards `window` and then takes it off the stack, if it is there. It is found again by its value, since
+/// quit or the destructor may have changed the stack.
 static void discardFrom(Windows& windows, KestroWindow* window) {
     const auto address = reinterpret_cast<uintptr_t>(window);
     discard(window);
@@ -100,10 +100,11 @@ static bool takeQueued(Windows& windows) {
     if (newest) {
         newest->init();
         tprintf("add popup window\n");
+        windows.erase(std::remove(windows.begin(), windows.end(), newest), windows.end()); // never twice
         windows.push_back(newest);
     }
     for (KestroWindow* displaced : queued)
-        discard(displaced);
+        discardFrom(windows, displaced);
     return true;
 }
 

@@ -185,6 +185,33 @@ TEST_F(PopupQueueTest, WindowQueuedAgainByADisplacedOneIsQueuedOnce) {
     EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
 }
 
+TEST_F(PopupQueueTest, WindowOfTheStackComesToItsTop) {
+    RecordedWindow* const below = addWindow("below");
+    RecordedWindow* const above = addWindow("above");
+    above->onInput = [&, once = true]() mutable {
+        if (!once)
+            return 1003;
+        once = false;
+        add2PopupList(below);
+        return 0;
+    };
+    below->onInput = answers({1002});
+    run();
+    EXPECT_EQ(takeCalls(), drawn("above") + "above.eventHandling " + drawn("above") + "below.init " +
+                               drawn("below") +
+                               "below.eventHandling below.onClose below.quit below.deleted " +
+                               drawn("above") + "above.eventHandling above.quit above.deleted");
+}
+
+TEST_F(PopupQueueTest, DisplacedWindowOfTheStackLeavesIt) {
+    RecordedWindow* const below = addWindow("below");
+    addWindow("above");
+    gPopupList = {below, makeWindow("p")};
+    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(takeCalls(), drawn("above") + "p.init below.quit below.deleted " + drawn("p") +
+                               "p.eventHandling p.quit p.deleted above.quit above.deleted");
+}
+
 TEST_F(PopupQueueTest, WindowThatAlwaysQueuesAnotherHoldsNothingUp) {
     bool again = true;
     std::function<RecordedWindow*()> makeStubborn = [&] {
