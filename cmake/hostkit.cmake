@@ -16,8 +16,8 @@ add_library(kestro-hostkit STATIC
   hostkit/presented_pad.cpp
   hostkit/session.cpp
   hostkit/set_key_shm.cpp
-  hostkit/shm_info.cpp
   hostkit/settings.cpp
+  hostkit/shm_info.cpp
   hostkit/theme.cpp
   hostkit/theme_path.cpp)
 add_library(Kestro::hostkit ALIAS kestro-hostkit)

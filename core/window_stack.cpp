@@ -64,8 +64,8 @@ static void discard(KestroWindow* window) {
     delete window;
 }
 
-/// Discards `window` and then takes it off the stack. It is found again by its value, since quit or the
-/// destructor may have changed the stack.
+/// Discards `window` and then takes it off the stack, if it is there. It is found again by its value, since
+/// quit or the destructor may have changed the stack.
 static void discardFrom(Windows& windows, KestroWindow* window) {
     const auto address = reinterpret_cast<uintptr_t>(window);
     discard(window);
@@ -100,10 +100,11 @@ static bool takeQueued(Windows& windows) {
     if (newest) {
         newest->init();
         tprintf("add popup window\n");
+        windows.erase(std::remove(windows.begin(), windows.end(), newest), windows.end()); // never twice
         windows.push_back(newest);
     }
     for (KestroWindow* displaced : queued)
-        discard(displaced);
+        discardFrom(windows, displaced);
     return true;
 }
 
@@ -197,14 +198,23 @@ void runWindows(Windows& windows) {
         gWinList = outer;
 }
 
-void add2PopupList(KestroWindow* w) {
-    Windows queued = std::move(gPopupList);
+/// Discards all that is queued but `kept`.
+static void emptyQueue(const KestroWindow* kept) {
+    const Windows queued = std::move(gPopupList);
     gPopupList.clear();
     for (KestroWindow* displaced : queued)
-        if (displaced != w)
+        if (displaced != kept)
             discard(displaced);
+}
+
+void add2PopupList(KestroWindow* w) {
+    // What a displaced window queues in its end is displaced too. One that always queues another would go
+    // on for ever: what is left of that is below `w` and ends with the next frame.
+    constexpr int mostRounds = 16;
+    for (int round = 0; round < mostRounds && !gPopupList.empty(); ++round)
+        emptyQueue(w);
     if (w)
-        gPopupList.push_back(w); // after anything that a displaced window queued: the newest is the last
+        gPopupList.push_back(w);
 }
 
 void freeWindows(Windows& windows) {

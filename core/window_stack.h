@@ -21,8 +21,9 @@ extern KESTRO_API std::vector<KestroWindow*> gPopupList;
 KESTRO_API void runWindows(std::vector<KestroWindow*>& windows);
 
 /// Queues `w`, which becomes the active window after the current frame, and takes it over. At most one
-/// window waits: one that was queued before is quit and deleted without ever being shown. Null only
-/// empties the queue. Main thread.
+/// window waits: one that was queued before is quit and deleted without ever being shown, and so is one
+/// that is queued by its end. A window of the stack comes to its top. Null only empties the queue. Main
+/// thread.
 KESTRO_API void add2PopupList(KestroWindow* w);
 
 /// Quits and deletes every window from the top of the stack down, and empties the vector. Main thread.

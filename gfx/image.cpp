@@ -82,11 +82,11 @@ static SurfacePtr decodeFromTheme(const char* name) {
 
 /// Narrows the wanted size to the ratio of a picture of sw x sh pixels.
 static void keepRatioOf(int sw, int sh, int& width, int& height) {
-    const int64_t fittedWidth = sh == 0 || sw == 0 ? 0 : static_cast<int64_t>(sw) * height / sh;
+    const int64_t fittedWidth = sh == 0 ? 0 : static_cast<int64_t>(sw) * height / sh;
     if (width >= fittedWidth)
         width = static_cast<int>(fittedWidth);
     else
-        height = static_cast<int>(static_cast<int64_t>(sh) * width / sw);
+        height = sw == 0 ? 0 : static_cast<int>(static_cast<int64_t>(sh) * width / sw);
 }
 
 static SurfacePtr scaled(SurfacePtr picture, int width, int height) {

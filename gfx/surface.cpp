@@ -201,8 +201,10 @@ KestroSurface* CreateSurface(int w, int h) {
 
 KestroSurface* CreateFromPixels(void* pixels, int w, int h, int depth, int pitch, unsigned int Rmask,
                                 unsigned int Gmask, unsigned int Bmask, unsigned int Amask) {
+    if (!pixels)
+        SDL_InvalidParamError("pixels"); // SDL itself wraps null, and cannot copy it
     SDL_Surface* const wrapper =
-        SDL_CreateRGBSurfaceFrom(pixels, w, h, depth, pitch, Rmask, Gmask, Bmask, Amask);
+        pixels ? SDL_CreateRGBSurfaceFrom(pixels, w, h, depth, pitch, Rmask, Gmask, Bmask, Amask) : nullptr;
     if (!wrapper) {
         fprintf(stderr, "SDL_CreateRGBSurfaceFrom failed: %s\n", SDL_GetError());
         return nullptr;

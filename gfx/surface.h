@@ -98,7 +98,8 @@ KESTRO_API KestroSurface* CreateSurface(SDL_Surface* s);
 KESTRO_API KestroSurface* CreateSurface(int w, int h);
 
 /// A new surface with a copy of the caller's pixels: w x h pixels of `depth` bits, `pitch` bytes a row,
-/// with the given channel masks. Owned by the caller; the pixels may go. Null on failure.
+/// with the given channel masks. Owned by the caller; the pixels may go. Null on failure, which is told on
+/// standard error if SDL cannot take the pixels as they are, and for null pixels.
 KESTRO_API KestroSurface* CreateFromPixels(void* pixels, int w, int h, int depth, int pitch,
                                            unsigned int Rmask, unsigned int Gmask, unsigned int Bmask,
                                            unsigned int Amask);

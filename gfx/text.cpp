@@ -108,7 +108,7 @@ int DrawStringLines(TTF_Font* font, const SDL_Rect& rect, const char* text, cons
     const Lines lines(text, separators);
     if (lines.count() == 0)
         return 0;
-    // The lines may lie as close as four pixels apart, but fall back to five: both numbers are meant.
+    // Four and five are both meant: more than four pixels between the lines, and else five.
     const int height = kestro::fontHeight(font);
     const int spread = rect.h / lines.count();
     lines.draw(font, rect, spread > height + 4 ? spread : height + 5, color, align, shadow);

@@ -99,17 +99,19 @@ KestroSurface* CropSurface(KestroSurface* s, SDL_Rect* rect) {
     SDL_Surface* const part = create_surface(rect->w, rect->h);
     if (!part)
         return nullptr;
-    SDL_Rect from = *rect; // the blit clips it in place
-    SDL_UpperBlit(source, &from, part, nullptr);
+    SDL_UpperBlit(source, rect, part, nullptr);
     SDL_Texture* const texture = SDL_CreateTextureFromSurface(kestro::liveRenderer(), part);
     if (!texture)
         tprintf("CropSurface create texture fail : %s\n", SDL_GetError());
     return new SDL2KestroSurface(texture, part);
 }
 
-/// `value` without its fraction; the largest int for anything larger.
+/// `value` without its fraction; the nearest int for what no int can hold.
 static int truncated(float value) {
     constexpr int largest = std::numeric_limits<int>::max();
+    constexpr int lowest = std::numeric_limits<int>::min();
+    if (value < static_cast<float>(lowest))
+        return lowest;
     return value < static_cast<float>(largest) ? static_cast<int>(value) : largest;
 }
 

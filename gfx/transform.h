@@ -18,6 +18,6 @@ KESTRO_API KestroSurface* RotateSurface(KestroSurface* s, int degrees);
 KESTRO_API KestroSurface* CropSurface(KestroSurface* s, SDL_Rect* rect);
 
 /// Fits w x h into maxW x maxH, keeping the ratio; a small picture grows until it touches the box. Sizes
-/// are truncated to whole pixels. Both outputs are 0 if a maximum, or the whole picture, is 0 or negative.
-/// Returns outH. Any thread.
+/// are truncated to whole pixels. Both outputs are 0 if a maximum or the whole picture is 0, and where the
+/// larger ratio is not above 0. Returns outH. Any thread.
 KESTRO_API int getScaledSizeKeepRatio(int w, int h, int maxW, int maxH, int& outW, int& outH);

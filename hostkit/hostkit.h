@@ -10,4 +10,5 @@
 #include "hostkit/menu_window.h"
 #include "hostkit/pads.h"
 #include "hostkit/session.h"
+#include "hostkit/settings.h"
 #include "hostkit/theme.h"

@@ -20,13 +20,12 @@ void useLanguageForThisRun(const std::string& file) {
     setSystemLanguage(file.c_str());
 }
 
-bool saveSettings() {
+void saveSettings() {
     const std::string shown = getSystemLanguage();
     if (!sChosenLanguage.empty())
         setSystemLanguage(sChosenLanguage.c_str()); // the library saves the one in force
-    const bool saved = saveSystemState(gShmInfo, savedTheme()) == 0;
+    saveSystemState(gShmInfo, savedTheme());
     setSystemLanguage(shown.c_str());
-    return saved;
 }
 
 } // namespace hostkit

@@ -10,8 +10,7 @@ void changeLanguage(const std::string& file);
 /// Shows `file` in place of the owner's language, which remains what the settings keep.
 void useLanguageForThisRun(const std::string& file);
 
-/// Saves what the owner has set, not the theme and language that are only this run's. Returns whether the
-/// settings were written.
-bool saveSettings();
+/// Saves what the owner has set, not the theme and language that are only this run's.
+void saveSettings();
 
 } // namespace hostkit

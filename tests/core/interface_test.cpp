@@ -8,6 +8,7 @@
 #include "core/window_stack.h"
 #include "core/window_state.h"
 #include "services/lru_cache.h"
+#include "support/plain_window.h"
 #include "system/current_language.h"
 #include "system/language.h"
 
@@ -111,18 +112,7 @@ static Field fieldAt(const void* object, size_t offset) {
 }
 
 TEST(WindowInterface, FieldsAreInTheirFixedOrder) {
-    class Plain : public KestroWindow {
-    public:
-        using KestroWindow::KestroWindow;
-        int eventHandling() override { return 0; }
-        int draw() override { return 0; }
-        void quit() override {}
-        void init() override {}
-        void saveState(cJSON*) override {}
-        int queryInt() override { return 0; }
-        void update() override {}
-    };
-    const Plain window(11, 22);
+    const PlainWindow window(11, 22);
     EXPECT_EQ(sizeof(KestroWindow), sizeof(void*) + 8);
     EXPECT_EQ(fieldAt<int32_t>(&window, sizeof(void*)), 11);
     EXPECT_EQ(fieldAt<int32_t>(&window, sizeof(void*) + 4), 22);

@@ -155,17 +155,85 @@ TEST_F(PopupQueueTest, WindowQueuedByADisplacedOnesEndWaitsForTheNextFrame) {
                                "q.eventHandling q.quit q.deleted p.quit p.deleted a.quit a.deleted");
 }
 
-TEST_F(PopupQueueTest, WindowQueuedByADisplacedOnesDestructorIsNotLost) {
+TEST_F(PopupQueueTest, WindowQueuedByTheEndOfADisplacedOneIsDisplacedToo) {
     RecordedWindow* const displaced = makeWindow("x");
-    displaced->onDelete = [this] { add2PopupList(makeWindow("q")); };
+    displaced->onQuit = [this] { add2PopupList(makeWindow("q")); };
+    displaced->onDelete = [this] { add2PopupList(makeWindow("r")); };
     add2PopupList(displaced);
-    add2PopupList(makeWindow("p"));
+    RecordedWindow* const popup = makeWindow("p");
+    add2PopupList(popup);
+    EXPECT_EQ(takeCalls(), "x.quit x.deleted q.quit q.deleted r.quit r.deleted");
+    EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
+}
+
+TEST_F(PopupQueueTest, EmptyingTheQueueLeavesNothingOfWhatIsQueuedMeanwhile) {
+    RecordedWindow* const displaced = makeWindow("x");
+    displaced->onQuit = [this] { add2PopupList(makeWindow("q")); };
+    add2PopupList(displaced);
+    add2PopupList(nullptr);
+    EXPECT_EQ(takeCalls(), "x.quit x.deleted q.quit q.deleted");
+    EXPECT_TRUE(gPopupList.empty());
+}
+
+TEST_F(PopupQueueTest, WindowQueuedAgainByADisplacedOneIsQueuedOnce) {
+    RecordedWindow* const popup = makeWindow("p");
+    RecordedWindow* const displaced = makeWindow("x");
+    displaced->onQuit = [popup] { add2PopupList(popup); };
+    add2PopupList(displaced);
+    add2PopupList(popup);
+    EXPECT_EQ(takeCalls(), "x.quit x.deleted");
+    EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
+}
+
+TEST_F(PopupQueueTest, WindowOfTheStackComesToItsTop) {
+    RecordedWindow* const below = addWindow("below");
+    RecordedWindow* const above = addWindow("above");
+    above->onInput = [&, once = true]() mutable {
+        if (!once)
+            return 1003;
+        once = false;
+        add2PopupList(below);
+        return 0;
+    };
+    below->onInput = answers({1002});
+    run();
+    EXPECT_EQ(takeCalls(), drawn("above") + "above.eventHandling " + drawn("above") + "below.init " +
+                               drawn("below") +
+                               "below.eventHandling below.onClose below.quit below.deleted " +
+                               drawn("above") + "above.eventHandling above.quit above.deleted");
+}
+
+TEST_F(PopupQueueTest, DisplacedWindowOfTheStackLeavesIt) {
+    RecordedWindow* const below = addWindow("below");
+    addWindow("above");
+    gPopupList = {below, makeWindow("p")};
+    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(takeCalls(), drawn("above") + "p.init below.quit below.deleted " + drawn("p") +
+                               "p.eventHandling p.quit p.deleted above.quit above.deleted");
+}
+
+TEST_F(PopupQueueTest, WindowThatAlwaysQueuesAnotherHoldsNothingUp) {
+    bool again = true;
+    std::function<RecordedWindow*()> makeStubborn = [&] {
+        RecordedWindow* const window = makeWindow("x");
+        window->onQuit = [&] {
+            if (again)
+                add2PopupList(makeStubborn());
+        };
+        return window;
+    };
+    add2PopupList(makeStubborn());
+    RecordedWindow* const popup = makeWindow("p");
+    add2PopupList(popup);
+    ASSERT_FALSE(gPopupList.empty());
+    EXPECT_EQ(gPopupList.back(), popup);
+    EXPECT_THAT(takeCalls(), testing::StartsWith("x.quit x.deleted "));
+    again = false;
     addWindow("a");
     run();
-    const std::string calls = takeCalls();
-    EXPECT_THAT(calls, testing::StartsWith("x.quit x.deleted "));
-    EXPECT_THAT(calls, testing::HasSubstr(drawn("p") + "p.eventHandling"));
-    EXPECT_THAT(calls, testing::HasSubstr("q.quit q.deleted"));
+    EXPECT_THAT(takeCalls(), testing::AllOf(testing::HasSubstr("p.init x.quit x.deleted " + drawn("p")),
+                                            testing::Not(testing::HasSubstr("x.init"))));
+    EXPECT_TRUE(gPopupList.empty());
 }
 
 TEST_F(PopupQueueTest, WindowQueuedWithTheLastCodeWaitsForTheNextRun) {

@@ -1,3 +1,4 @@
+#include "core/input.h"
 #include "core/window_stack.h"
 #include "support/input_events.h"
 #include "support/window_test.h"
@@ -159,6 +160,18 @@ TEST_F(LoopCodeTest, Code25LeavesQueuedInputForTheNextFrame) {
     const std::string frame = drawn("a") + "a.eventHandling ";
     EXPECT_EQ(takeCalls(), frame + frame + frame + frame + "a.quit a.deleted");
     EXPECT_EQ(clock.takeSleeps().size(), 3u);
+}
+
+TEST_F(LoopCodeTest, Code25PushedByTheHostReachesTheLoopThroughTheWindow) {
+    push(userEvent(25));
+    push(userEvent(7));
+    addWindow("a")->onInput = [] {
+        const int code = wait_event(nullptr);
+        return code == 0 ? 1003 : code;
+    };
+    run();
+    const std::string frame = drawn("a") + "a.eventHandling ";
+    EXPECT_EQ(takeCalls(), frame + frame + frame + "a.quit a.deleted");
 }
 
 TEST_F(LoopCodeTest, ClosingAWindowEndsTheInputOfItsFrame) {

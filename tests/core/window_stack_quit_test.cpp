@@ -6,6 +6,8 @@
 #include "support/screen_test.h"
 #include "support/window_test.h"
 
+#include <csignal>
+
 /// A quit request of the desktop takes SDL away, and the loop goes on.
 class QuitRequestTest : public WindowTest {};
 
@@ -25,6 +27,24 @@ TEST_F(QuitRequestTest, SeenWaitingItShutsSdlDownAndTheLoopGoesOn) {
     EXPECT_EQ(run(), "a is 1003, quit navora\n" + freed({0}));
     EXPECT_THAT(running, testing::ElementsAre(true, true, false, false));
     EXPECT_EQ(clock.takeSleeps().size(), 2u);
+}
+
+TEST_F(QuitRequestTest, SentByTheSystemItIsSeenInTheSameFrame) {
+    RecordedWindow* const window = addWindow("a");
+    std::vector<bool> running;
+    int frames = 0;
+    window->onDraw = [&] { ++frames; };
+    window->onInput = [&] {
+        running.push_back(sdlRuns());
+        if (running.size() == 1)
+            raise(SIGTERM); // which SDL makes an event when it is asked for events
+        else
+            EXPECT_EQ(static_cast<size_t>(frames), running.size() - 1);
+        constexpr int codes[] = {0, 25, 1003};
+        return codes[running.size() - 1];
+    };
+    run();
+    EXPECT_THAT(running, testing::ElementsAre(true, true, false));
 }
 
 TEST_F(QuitRequestTest, TakenByTheWindowItShutsSdlDownAndTheLoopGoesOn) {

@@ -1,5 +1,6 @@
 #include "core/window.h"
 #include "support/kestro_test.h"
+#include "support/plain_window.h"
 #include "support/recorded_window.h"
 #include "system/language.h"
 
@@ -7,63 +8,50 @@
 
 class KestroWindowTest : public KestroTest {};
 
-/// A window with a title; otherwise as plain as can be.
-class TitledWindow : public KestroWindow {
-public:
-    using KestroWindow::KestroWindow;
-    int eventHandling() override { return 0; }
-    int draw() override { return 0; }
-    void quit() override {}
-    void init() override {}
-    void saveState(cJSON*) override {}
-    int queryInt() override { return 0; }
-    void update() override {}
-};
-
 TEST_F(KestroWindowTest, KeepsTitleAndType) {
-    const TitledWindow window(7, -3);
+    const PlainWindow window(7, -3);
     EXPECT_EQ(window.titleId, 7);
     EXPECT_EQ(window.type, -3);
 }
 
 TEST_F(KestroWindowTest, TitleIsTheLanguageString) {
-    TitledWindow window(4, 0);
+    PlainWindow window(4, 0);
     EXPECT_STREQ(window.getTitle(), "OPEN");
 }
 
 TEST_F(KestroWindowTest, NegativeTitleIdIsTheEmptyTitle) {
-    TitledWindow window(-1, 0);
+    PlainWindow window(-1, 0);
     EXPECT_STREQ(window.getTitle(), "");
 }
 
 TEST_F(KestroWindowTest, TitleFollowsAChangeOfTitleId) {
-    TitledWindow window(4, 0);
+    PlainWindow window(4, 0);
     window.titleId = 5;
     EXPECT_STREQ(window.getTitle(), "BACK");
 }
 
 TEST_F(KestroWindowTest, DumpLogsTitleAndType) {
-    TitledWindow window(1, 42);
+    PlainWindow window(1, 42);
     window.dump();
     EXPECT_EQ(takeLog(), "title OK, type 42\n");
 }
 
 TEST_F(KestroWindowTest, DumpOfAWindowWithoutTitleLogsAnEmptyOne) {
-    TitledWindow window(-5, -1);
+    PlainWindow window(-5, -1);
     window.dump();
     EXPECT_EQ(takeLog(), "title , type -1\n");
 }
 
 TEST_F(KestroWindowTest, DumpOfAnUnknownTitleLogsThatWord) {
-    TitledWindow window(99, 0);
+    PlainWindow window(99, 0);
     window.dump();
     EXPECT_EQ(takeLog(), "title wrongbeef, type 0\n");
 }
 
 TEST_F(KestroWindowTest, DumpDoesNotAskTheWindowForItsTitle) {
-    class Liar : public TitledWindow {
+    class Liar : public PlainWindow {
     public:
-        using TitledWindow::TitledWindow;
+        using PlainWindow::PlainWindow;
         const char* getTitle() override { return "something else"; }
     };
     Liar window(0, 0);
@@ -72,7 +60,7 @@ TEST_F(KestroWindowTest, DumpDoesNotAskTheWindowForItsTitle) {
 }
 
 TEST_F(KestroWindowTest, PostUpdateAndOnCloseDoNothingByDefault) {
-    TitledWindow window(2, 9);
+    PlainWindow window(2, 9);
     window.postUpdate();
     window.onClose();
     EXPECT_EQ(window.titleId, 2);

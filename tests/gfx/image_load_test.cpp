@@ -75,7 +75,10 @@ TEST_F(ImageLoadTest, NothingFoundIsNullWithoutAMessage) {
 
 TEST_F(ImageLoadTest, WithoutAThemeTheDefaultIsUsedAndLogged) {
     write32BitPicture("default/a.png", 8, 8, green);
-    EXPECT_TRUE(load(nullptr, "default/", "a.png"));
+    write32BitPicture("a.png", 8, 8, red); // where no folder at all would lead
+    const KestroSurfacePtr picture = load(nullptr, "default/", "a.png");
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(copiedPixel(picture, 0, 0), green);
     EXPECT_EQ(takeLog(), "(null)/a.png open fail, use default//a.png\n");
 }
 

@@ -9,18 +9,10 @@
 class SizedImageTest : public PictureTest {
 protected:
     static constexpr Uint32 red = 0xFFFF0000;
-    static constexpr Uint32 green = 0xFF00FF00;
-
-    static constexpr bool fromTheme = true;
     static constexpr bool keepingRatio = true;
 
     static KestroSurfacePtr load(const std::string& path, int w, int h, bool keepRatio = false) {
         return KestroSurfacePtr(LoadKestroSurfaceSpecSized(path.c_str(), w, h, nullptr, false, keepRatio));
-    }
-
-    /// Asks for a picture that is missing, and for `name` in its place.
-    static KestroSurfacePtr loadInstead(const char* name, int w = 8, int h = 8) {
-        return KestroSurfacePtr(LoadKestroSurfaceSpecSized("missing.png", w, h, name, fromTheme, false));
     }
 };
 
@@ -43,6 +35,7 @@ TEST_F(SizedImageTest, KeptRatioFitsInsideTheRequest) {
         {50, 100, 200, 200, "100x200"},
         {100, 100, 200, 100, "100x100"},
         {3, 2, 10, 10, "10x6"}, // 6.67 truncated
+        {3, 2, 4, 3, "4x3"},    // 3 x 3 / 2 is 4, the width asked for: the height stays
         {2, 3, 10, 10, "6x10"},
         {7, 5, 3, 3, "3x2"}, // 7 x 3 / 5 = 4 is too wide; 5 x 3 / 7 = 2
         {5, 7, 3, 3, "2x3"},
@@ -111,103 +104,6 @@ TEST_F(SizedImageTest, RedStaysRedInEveryByteOrder) {
     takeLog();
 }
 
-TEST_F(SizedImageTest, MissingPictureIsNullUnlessTheThemeMayHelp) {
-    write32BitPicture("a.png", 8, 8, green);
-    EXPECT_EQ(LoadKestroSurfaceSpecSized("missing.png", 8, 8, "a.png", false, false), nullptr);
-    EXPECT_EQ(takeLog(), "");
-}
-
-TEST_F(SizedImageTest, PictureThatIsThereNeedsNoTheme) {
-    gThemePath = "theme/";
-    write32BitPicture("a.png", 8, 8, red);
-    write32BitPicture("theme/b.png", 8, 8, green);
-    const KestroSurfacePtr picture(LoadKestroSurfaceSpecSized("a.png", 8, 8, "b.png", fromTheme, false));
-    ASSERT_TRUE(picture);
-    EXPECT_EQ(copiedPixel(picture, 0, 0), red);
-}
-
-TEST_F(SizedImageTest, ThemeStandsInForAMissingPicture) {
-    gThemePath = "theme/";
-    write32BitPicture("theme/a.png", 8, 8, red);
-    write32BitPicture("a.png", 8, 8, green);
-    const KestroSurfacePtr picture = loadInstead("a.png");
-    ASSERT_TRUE(picture);
-    EXPECT_EQ(copiedPixel(picture, 0, 0), red);
-    EXPECT_EQ(takeLog(), "");
-}
-
-TEST_F(SizedImageTest, WorkingFolderStandsInForTheTheme) {
-    gThemePath = "theme/";
-    write32BitPicture("a.png", 8, 8, green);
-    const KestroSurfacePtr picture = loadInstead("a.png");
-    ASSERT_TRUE(picture);
-    EXPECT_EQ(copiedPixel(picture, 0, 0), green);
-    EXPECT_EQ(takeLog(), "theme//a.png open fail, use .//a.png\n");
-}
-
-TEST_F(SizedImageTest, NullThemeCountsAsNoText) {
-    write32BitPicture("a.png", 8, 8, green);
-    EXPECT_TRUE(loadInstead("a.png"));
-    EXPECT_EQ(takeLog(), "");
-}
-
-TEST_F(SizedImageTest, StandInIsScaledToo) {
-    gThemePath = "theme/";
-    write32BitPicture("a.png", 80, 40, green);
-    EXPECT_EQ(sizeOf(loadInstead("a.png", 20, 30)), "20x30");
-    EXPECT_EQ(takeLog(), "theme//a.png open fail, use .//a.png\nthumb3bytes pixel 4\n");
-}
-
-TEST_F(SizedImageTest, NothingFoundIsNullWithoutAMessage) {
-    gThemePath = "theme/";
-    EXPECT_FALSE(loadInstead("a.png"));
-    EXPECT_FALSE(loadInstead("/nowhere/a.png"));
-    EXPECT_FALSE(loadInstead(""));
-    EXPECT_FALSE(loadInstead(nullptr));
-    EXPECT_EQ(LoadKestroSurfaceSpecSized(nullptr, 8, 8, nullptr, false, false), nullptr);
-    EXPECT_EQ(LoadKestroSurfaceSpecSized(nullptr, 8, 8, nullptr, fromTheme, false), nullptr);
-    EXPECT_EQ(takeLog(), "");
-}
-
-TEST_F(SizedImageTest, NullPathGoesToTheTheme) {
-    gThemePath = "theme/";
-    write32BitPicture("theme/a.png", 8, 8, red);
-    EXPECT_TRUE(KestroSurfacePtr(LoadKestroSurfaceSpecSized(nullptr, 8, 8, "a.png", fromTheme, false)));
-}
-
-TEST_F(SizedImageTest, AbsoluteNameIsTriedAsItIsFirst) {
-    gThemePath = "theme";
-    write32BitPicture("a.png", 8, 8, red);
-    write32BitPicture("theme" + folder() + "/a.png", 8, 8, green);
-    const KestroSurfacePtr picture = loadInstead((folder() + "/a.png").c_str());
-    ASSERT_TRUE(picture);
-    EXPECT_EQ(copiedPixel(picture, 0, 0), red);
-}
-
-TEST_F(SizedImageTest, AbsoluteNameThatFailsIsLookedForInTheTheme) {
-    gThemePath = "theme";
-    write32BitPicture("theme/nowhere/a.png", 8, 8, red);
-    const KestroSurfacePtr picture = loadInstead("/nowhere/a.png");
-    ASSERT_TRUE(picture);
-    EXPECT_EQ(copiedPixel(picture, 0, 0), red);
-    EXPECT_EQ(takeLog(), "");
-}
-
-TEST_F(SizedImageTest, AbsoluteNameThatFailsIsLookedForInTheWorkingFolderToo) {
-    gThemePath = "theme";
-    write32BitPicture("nowhere/a.png", 8, 8, green);
-    EXPECT_TRUE(loadInstead("/nowhere/a.png"));
-    EXPECT_EQ(takeLog(), "theme//nowhere/a.png open fail, use .///nowhere/a.png\n");
-}
-
-TEST_F(SizedImageTest, AbsurdPictureIsRefusedAndTheThemeStandsIn) {
-    gThemePath = "theme/";
-    writeFile("absurd.png", headersClaiming(20000, 20000).front().bytes);
-    write32BitPicture("theme/a.png", 8, 8, red);
-    EXPECT_TRUE(KestroSurfacePtr(LoadKestroSurfaceSpecSized("absurd.png", 8, 8, "a.png", fromTheme, false)));
-    EXPECT_EQ(takeLog(), "picture absurd.png refused: 20000x20000 is too large\n");
-}
-
 TEST_F(SizedImageTest, SideOfZeroGivesAnObjectThatDrawsNothing) {
     write32BitPicture("a.qoi", 8, 8, red);
     for (const auto& [w, h] : {std::pair{0, 10}, {10, 0}, {0, 0}}) {
@@ -238,6 +134,21 @@ TEST_F(SizedImageTest, NegativeSizeIsNull) {
         EXPECT_FALSE(load("a.qoi", -5, 10, keepRatio));
         EXPECT_FALSE(load("a.qoi", 10, -5, keepRatio));
         EXPECT_FALSE(load("a.qoi", -5, -5, keepRatio));
+    }
+    takeLog();
+}
+
+TEST_F(SizedImageTest, PictureWithoutAreaGivesNothingToDraw) {
+    for (const auto& [w, h] : {std::pair{0, 4}, {4, 0}, {0, 0}}) {
+        const std::string size =
+            littleEndian(2, static_cast<uint64_t>(w)) + littleEndian(2, static_cast<uint64_t>(h));
+        writeFile("empty.tga", std::string(2, '\0') + '\2' + std::string(9, '\0') + size + "\x20\x08");
+        for (const int side : {-5, 0, 8}) {
+            SCOPED_TRACE(std::to_string(w) + "x" + std::to_string(h) + " into " + std::to_string(side));
+            const KestroSurfacePtr picture = load("empty.tga", side, 8, keepingRatio);
+            EXPECT_TRUE(!picture || !textureOf(picture));
+            load("empty.tga", 8, side, keepingRatio);
+        }
     }
     takeLog();
 }

@@ -1,30 +1,16 @@
-#include "gfx/picture_size.h"
-
 #include "support/kestro_test.h"
-
-#include <SDL_image.h>
-
-using kestro::PictureSize;
+#include "support/picture_sizes.h"
 
 namespace {
 
 constexpr const char* shape = "<rect x=\"0\" y=\"0\" width=\"10\" height=\"20\" fill=\"red\"/>";
 
-std::string claimOf(const std::string& bytes) {
-    SDL_RWops* const file = SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size()));
-    const PictureSize size = kestro::pictureSize(file, "svg");
-    SDL_RWclose(file);
-    return std::to_string(size.width) + "x" + std::to_string(size.height);
+std::string claimed(const std::string& bytes) {
+    return claimedSize(bytes, "svg");
 }
 
-std::string decodedSizeOf(const std::string& bytes) {
-    SDL_Surface* const picture =
-        IMG_LoadTyped_RW(SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size())), 1, "svg");
-    if (!picture)
-        return IMG_GetError();
-    const std::string size = std::to_string(picture->w) + "x" + std::to_string(picture->h);
-    SDL_FreeSurface(picture);
-    return size;
+std::string decoded(const std::string& bytes) {
+    return decodedSize(bytes, "svg");
 }
 
 /// A drawing whose outermost tag has these attributes.
@@ -58,43 +44,43 @@ TEST_F(SvgSizeTest, WhatADrawingSaysIsWhatItDecodesTo) {
     };
     for (const auto& known : drawings) {
         SCOPED_TRACE(known.attributes);
-        EXPECT_EQ(claimOf(drawing(known.attributes)), known.size);
-        EXPECT_EQ(decodedSizeOf(drawing(known.attributes)), known.size);
+        EXPECT_EQ(claimed(drawing(known.attributes)), known.size);
+        EXPECT_EQ(decoded(drawing(known.attributes)), known.size);
     }
 }
 
 TEST_F(SvgSizeTest, SideWithoutClaimIsUnknown) {
-    EXPECT_EQ(claimOf(drawing("")), "0x0");
-    EXPECT_EQ(decodedSizeOf(drawing("")), "10x20") << "the size of its shapes";
-    EXPECT_EQ(claimOf(drawing("WIDTH=\"33\" height=\"44\"")), "0x44");
-    EXPECT_EQ(claimOf(drawing("width=\"-33\" height=\"44\"")), "0x44");
-    EXPECT_EQ(claimOf(drawing("width=\"inf\" height=\"nan\"")), "0x0");
-    EXPECT_EQ(claimOf(drawing("viewBox=\"0 0 100\"")), "100x0");
+    EXPECT_EQ(claimed(drawing("")), "0x0");
+    EXPECT_EQ(decoded(drawing("")), "10x20") << "the size of its shapes";
+    EXPECT_EQ(claimed(drawing("WIDTH=\"33\" height=\"44\"")), "0x44");
+    EXPECT_EQ(claimed(drawing("width=\"-33\" height=\"44\"")), "0x44");
+    EXPECT_EQ(claimed(drawing("width=\"inf\" height=\"nan\"")), "0x0");
+    EXPECT_EQ(claimed(drawing("viewBox=\"0 0 100\"")), "100x0");
 }
 
 TEST_F(SvgSizeTest, OtherTagsClaimNothing) {
     for (const char* text : {"<svgx width=\"7\" height=\"8\"/>", "<g width=\"7\" height=\"8\"/>",
                              "<!-- <svg width=\"7\" height=\"8\"> -->", "< /svg width=\"7\">"})
-        EXPECT_EQ(claimOf(std::string(text) + "<svg width=\"5\" height=\"6\"/>"), "5x6") << text;
+        EXPECT_EQ(claimed(std::string(text) + "<svg width=\"5\" height=\"6\"/>"), "5x6") << text;
 }
 
 TEST_F(SvgSizeTest, LargestOfSeveralTagsCounts) {
     const std::string nested =
         std::string("<svg width=\"11\" height=\"50\"><svg width=\"21\" height=\"22\">") + shape +
         "</svg></svg>";
-    EXPECT_EQ(claimOf(nested), "21x50");
-    EXPECT_EQ(decodedSizeOf(nested), "21x22");
+    EXPECT_EQ(claimed(nested), "21x50");
+    EXPECT_EQ(decoded(nested), "21x22");
 }
 
 TEST_F(SvgSizeTest, ClaimFarFromTheBeginningIsFound) {
     const std::string far(100'000, ' ');
-    EXPECT_EQ(claimOf("<svg" + far + "a='" + far + "' viewBox='0" + far + "0" + far + "300 400'/>"),
+    EXPECT_EQ(claimed("<svg" + far + "a='" + far + "' viewBox='0" + far + "0" + far + "300 400'/>"),
               "300x400");
 }
 
 TEST_F(SvgSizeTest, UnfinishedTagsEndWithTheFile) {
     for (const char* text :
          {"<svg", "<svg ", "<svg width", "<svg width=", "<svg width=\"", "<svg viewBox=\"0 "})
-        EXPECT_EQ(claimOf(text), "0x0") << text;
-    EXPECT_EQ(claimOf("<svg width=\"12"), "12x0");
+        EXPECT_EQ(claimed(text), "0x0") << text;
+    EXPECT_EQ(claimed("<svg width=\"12"), "12x0");
 }

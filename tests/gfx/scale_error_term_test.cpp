@@ -1,6 +1,7 @@
 #include "gfx/scale.h"
 
 #include "support/guarded_pixels.h"
+#include "support/plain_error_term.h"
 
 #include <gmock/gmock.h>
 
@@ -9,101 +10,15 @@
 using testing::Each;
 using testing::ElementsAre;
 
-namespace {
-
-uint32_t plainAverage(uint32_t a, uint32_t b) {
-    const uint32_t carry = (a ^ b) & 0x00010101U;
-    const uint32_t sum = carry + a + b;
-    return sum >> 1;
-}
-
-uint16_t plainAverage(uint16_t a, uint16_t b) {
-    const auto a32 = uint32_t{a};
-    const auto b32 = uint32_t{b};
-    return static_cast<uint16_t>(((a32 + b32 + ((a32 ^ b32) & 0x0821U)) >> 1) & 0xFFFFU);
-}
-
-void scaleFrame(uint32_t* dst, unsigned dw, unsigned dh, unsigned dstPitch, uint32_t* src, unsigned sw,
-                unsigned sh, unsigned srcPitch) {
+static void scaleFrame(uint32_t* dst, unsigned dw, unsigned dh, unsigned dstPitch, uint32_t* src, unsigned sw,
+                       unsigned sh, unsigned srcPitch) {
     sdl_rs90_scale_frame32_bresenham_horz(dst, dw, dh, dstPitch, src, sw, sh, srcPitch);
 }
 
-void scaleFrame(uint16_t* dst, unsigned dw, unsigned dh, unsigned dstPitch, uint16_t* src, unsigned sw,
-                unsigned sh, unsigned srcPitch) {
+static void scaleFrame(uint16_t* dst, unsigned dw, unsigned dh, unsigned dstPitch, uint16_t* src, unsigned sw,
+                       unsigned sh, unsigned srcPitch) {
     sdl_rs90_scale_frame16_bresenham_horz(dst, dw, dh, dstPitch, src, sw, sh, srcPitch);
 }
-
-struct Sizes {
-    unsigned sw, sh, dw, dh;
-    unsigned srcPitch, dstPitch; // in bytes
-};
-
-std::ostream& operator<<(std::ostream& out, const Sizes& s) {
-    return out << s.sw << "x" << s.sh << " (" << s.srcPitch << ") to " << s.dw << "x" << s.dh << " ("
-               << s.dstPitch << ")";
-}
-
-/// The pixels that a frame covers from its first to its last one.
-template <typename Pixel>
-size_t covered(unsigned w, unsigned h, unsigned pitch) {
-    return (h - 1) * (pitch / sizeof(Pixel)) + w;
-}
-
-/// The arithmetic, written down plainly, on indices. `target` gets the output.
-template <typename Pixel>
-void scalePlainly(const std::vector<Pixel>& source, std::vector<Pixel>& target, const Sizes& s) {
-    const uint32_t xStep = s.sw / s.dw;
-    const uint32_t yStep = s.sh / s.dh;
-    const uint32_t enlarging = s.sw < s.dw ? 1 : 0;
-    const uint32_t count = s.dw - enlarging;
-    const auto signedHalf = static_cast<int32_t>(s.dw >> 1);
-    const int32_t alternative = enlarging ? static_cast<int32_t>(s.dw - 3 * (s.dw - s.sw)) >> 1
-                                          : static_cast<int32_t>(2 * s.dw - s.sw);
-    const int32_t threshold = std::max(signedHalf, alternative);
-    const size_t srcPitch = s.srcPitch / sizeof(Pixel);
-    const size_t dstPitch = s.dstPitch / sizeof(Pixel);
-    uint32_t yErr = 0;
-    size_t srcRow = 0;
-    size_t previous = SIZE_MAX;
-    size_t out = 0;
-    for (uint32_t row = 0; row < s.dh; ++row) {
-        if (srcRow == previous) {
-            for (size_t i = 0; i < s.dw; ++i)
-                target[out + i] = target[out - dstPitch + i];
-        } else if (s.sw == s.dw) {
-            for (size_t i = 0; i < s.sw; ++i)
-                target[out + i] = source[srcRow + i];
-        } else {
-            uint32_t xErr = 0;
-            size_t p = srcRow;
-            for (uint32_t i = 0; i < count; ++i) {
-                Pixel v = source[p];
-                const uint32_t old = xErr;
-                xErr += s.sw - xStep * s.dw;
-                if (threshold <= static_cast<int32_t>(old))
-                    v = plainAverage(v, p + 1 < source.size() ? source[p + 1] : v);
-                target[out + i] = v;
-                p += xStep;
-                if (xErr >= s.dw) {
-                    xErr -= s.dw;
-                    p += 1;
-                }
-            }
-            if (enlarging)
-                target[out + s.dw - 1] = source[p];
-        }
-        previous = srcRow;
-        yErr += s.sh - yStep * s.dh;
-        out += dstPitch;
-        srcRow += yStep * srcPitch;
-        if (yErr >= s.dh) {
-            srcRow += srcPitch;
-            yErr -= s.dh;
-        }
-    }
-}
-
-} // namespace
 
 template <typename Pixel>
 class ErrorTermScaleTest : public testing::Test {
@@ -293,58 +208,4 @@ TEST_F(ErrorTerm16Test, AverageIsTakenFieldByField) {
     EXPECT_EQ(averaged(0x07E0, 0x0000), 0x0400) << "green 63 and 0: 32";
     EXPECT_EQ(averaged(0x001F, 0x0000), 0x0010) << "blue 31 and 0: 16";
     EXPECT_EQ(averaged(0x0001, 0x0000), 0x0001);
-}
-
-class BresenhamBitmapTest : public testing::Test {
-protected:
-    using Pixels = std::vector<unsigned int>;
-
-    static Pixels numbered(unsigned count) {
-        Pixels pixels;
-        for (unsigned i = 0; i < count; ++i)
-            pixels.push_back(0x01010101 * i);
-        return pixels;
-    }
-};
-
-TEST_F(BresenhamBitmapTest, ScalesTheSubRectangle) {
-    std::mt19937 random(7);
-    const auto below = [&random](unsigned limit) { return static_cast<unsigned>(random()) % limit; };
-    for (int i = 0; i < 100; ++i) {
-        const unsigned x = below(5);
-        const unsigned y = below(5);
-        const unsigned w = 1 + below(12);
-        const unsigned h = 1 + below(12);
-        const unsigned stride = x + w + below(4);
-        const unsigned dstW = 1 + below(30);
-        const unsigned dstH = 1 + below(30);
-        const Pixels source = numbered(stride * (y + h - 1) + x + w);
-        GuardedPixels<unsigned int> from(source);
-        GuardedPixels<unsigned int> to(dstW * dstH, 0);
-        bitmap_scale_bresenham(x, y, w, h, dstW, dstH, stride, 0, from.data(), to.data());
-        Pixels wanted(dstW * dstH);
-        scalePlainly(Pixels(source.begin() + x + stride * y, source.end()), wanted,
-                     {w, h, dstW, dstH, stride * 4, dstW * 4});
-        ASSERT_EQ(to.copy(), wanted) << x << "," << y << " " << w << "x" << h;
-    }
-}
-
-TEST_F(BresenhamBitmapTest, NullAndEmptyWriteNothing) {
-    GuardedPixels<unsigned int> pixels(4, 7);
-    bitmap_scale_bresenham(0, 0, 2, 2, 2, 2, 2, 0, nullptr, pixels.data());
-    bitmap_scale_bresenham(0, 0, 2, 2, 2, 2, 2, 0, pixels.data(), nullptr);
-    bitmap_scale_bresenham(0, 0, 0, 2, 2, 2, 2, 0, pixels.data(), pixels.data());
-    bitmap_scale_bresenham(0, 0, 2, 2, 0, 2, 2, 0, pixels.data(), pixels.data());
-    EXPECT_THAT(pixels.copy(), Each(7u));
-}
-
-TEST_F(BresenhamBitmapTest, EighthArgumentIsAWholeRowHereAndAGapInTheNearestNeighbourScaler) {
-    constexpr unsigned int untouched = 0xAA;
-    GuardedPixels<unsigned int> source({1, 2, 3, 4});
-    GuardedPixels<unsigned int> asRow(3 + 2, untouched);
-    bitmap_scale_bresenham(0, 0, 2, 2, 2, 2, 2, 3, source.data(), asRow.data());
-    EXPECT_THAT(asRow.copy(), ElementsAre(1, 2, untouched, 3, 4));
-    GuardedPixels<unsigned int> asGap(2 + 3 + 2, untouched);
-    bitmap_scale(0, 0, 2, 2, 2, 2, 2, 3, source.data(), asGap.data());
-    EXPECT_THAT(asGap.copy(), ElementsAre(1, 2, untouched, untouched, untouched, 3, 4));
 }

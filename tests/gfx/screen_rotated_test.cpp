@@ -88,6 +88,9 @@ TEST_F(RotatedScreenTest, ASurfaceAsTargetIsNotTurned) {
 }
 
 TEST_F(RotatedScreenTest, ThePageStartsTransparent) {
+    DrawingLog drawn;
+    openScreen(640, 480, 1);
+    EXPECT_THAT(drawn.take(), testing::Contains("clear #00000000 on T"));
     // The dump of a drawing beyond the edge shows what the page held.
     SDL_Rect outside{-8, -8, 4, 4};
     solidPicture(4, 4, 0xFFFFFFFF)->render(nullptr, &outside, true, "page.bmp");

@@ -97,6 +97,17 @@ TEST_F(ScreenOpenTest, ClosesTheWindowThatGotNoRenderer) {
     EXPECT_THAT(made.take(), ElementsAre("window destroyed"));
 }
 
+TEST_F(ScreenOpenTest, OpeningAgainClosesTheWindowThatGotNoRenderer) {
+    unsetenv("SDL_RENDER_DRIVER");
+    ScreenInit(640, 480, 32, 0);
+    setenv("SDL_RENDER_DRIVER", "software", 1);
+    CreationLog made;
+    EXPECT_TRUE(ScreenInit(640, 480, 32, 0));
+    takeLog();
+    EXPECT_THAT(made.take(), ElementsAre("window destroyed", "window Main 640x480 anywhere shown",
+                                         "renderer -1 accelerated vsync"));
+}
+
 TEST_F(ScreenOpenTest, FailsWithoutAWindow) {
     SDL_Quit();
     setenv("SDL_VIDEODRIVER", "nosuchdisplay", 1);

@@ -76,6 +76,13 @@ TEST_F(CreateFromPixelsTest, TellsStandardErrorOfPixelsThatCannotBeWrapped) {
     EXPECT_EQ(error, "SDL_CreateRGBSurfaceFrom failed: " + std::string(SDL_GetError()) + "\n");
 }
 
+TEST_F(CreateFromPixelsTest, NullPixelsCannotBeWrapped) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(CreateFromPixels(nullptr, 2, 2, 32, 8, 0xFF0000, 0xFF00, 0xFF, 0xFF000000), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "SDL_CreateRGBSurfaceFrom failed: Parameter 'pixels' is invalid\n");
+}
+
 TEST_F(CreateFromPixelsTest, FreesTheCopyWhenThereIsNoTexture) {
     CreationLog made;
     made.allowTexturesFromSurfaces(0);

@@ -3,6 +3,7 @@
 #include "gfx/fill.h"
 #include "gfx/screen.h"
 #include "support/creation_log.h"
+#include "support/drawing_log.h"
 #include "support/screen_test.h"
 #include "support/sdl_memory.h"
 #include "support/surfaces.h"
@@ -147,6 +148,12 @@ TEST_F(CreateSurfaceTest, AsATargetStartsTransparent) {
     const KestroSurfacePtr surface = emptyTarget(64, 32);
     EXPECT_EQ(pixelOf(surface.get(), 0, 0), 0u);
     EXPECT_EQ(pixelOf(surface.get(), 63, 31), 0u);
+}
+
+TEST_F(CreateSurfaceTest, AsATargetIsClearedOnce) {
+    DrawingLog drawn; // graphics memory cannot be made to hold something on purpose
+    const KestroSurfacePtr surface = emptyTarget(64, 32);
+    EXPECT_THAT(drawn.take(), ElementsAre("clear #00000000 on T"));
 }
 
 TEST_F(CreateSurfaceTest, AsATargetDisturbsNeitherColourNorTargetNorScreen) {

@@ -1,13 +1,26 @@
 #include "gfx/text.h"
 
+#include "support/real_function.h"
 #include "support/screen_test.h"
 
 #include <algorithm>
 #include <climits>
+#include <cmath>
 #include <iterator>
 #include <random>
 #include <string>
 #include <vector>
+
+/// A character that SDL_ttf fails to measure, 0 for none.
+static Uint16 sUnmeasured = 0;
+
+extern "C" int TTF_GlyphMetrics(TTF_Font* font, Uint16 character, int* minX, int* maxX, int* minY, int* maxY,
+                                int* advance) {
+    static const auto real = REAL_FUNCTION(TTF_GlyphMetrics);
+    if (character == sUnmeasured && character)
+        return -1;
+    return real(font, character, minX, maxX, minY, maxY, advance);
+}
 
 /// The first lead byte of each length of sequences, longest first.
 static constexpr struct {
@@ -102,6 +115,36 @@ TEST_F(TruncateTest, FollowsTheArithmeticForRandomTexts) {
         const int width = static_cast<int>(random() % 900);
         ASSERT_EQ(length(text, width), wantedLength(medium, text, width)) << testing::PrintToString(text);
     }
+}
+
+TEST_F(TruncateTest, SumsAreRoundedToSinglePrecisionAfterEachCharacter) {
+    // Ten characters of a fraction of 0.7 make a whole number, or just miss it: there every bit counts.
+    std::mt19937 random(20241105);
+    const std::string letters[] = {"i", "l", "m", "w", "A", "W", ".", "é", "ß", "中"};
+    for (int round = 0; round < 1000; ++round) {
+        std::string text;
+        for (int i = 0; i < 30; ++i)
+            text += letters[random() % std::size(letters)];
+        float sum = 0;
+        for (const Uint32 point : codePoints(text)) {
+            const double glyph = advanceOf(medium, point) + (point <= 128 ? 1.7 : 0);
+            sum = static_cast<float>(sum + glyph);
+            const float whole = std::round(sum);
+            if (std::fabs(sum - whole) > 0.001F)
+                continue;
+            const int width = 20 + (static_cast<int>(whole) * 10 + 8) / 9;
+            ASSERT_EQ(length(text, width), wantedLength(medium, text, width)) << text << " in " << width;
+        }
+    }
+}
+
+TEST_F(TruncateTest, ACharacterThatCannotBeMeasuredHasNoWidth) {
+    sUnmeasured = 'f';
+    const std::string text = "W" + std::string(100, 'f');
+    const int width = 20 + 3 * advanceOf(medium, 'W');
+    EXPECT_GT(length(text, width), 5); // of W's own width it would be 3
+    EXPECT_EQ(length(text, width), wantedLength(medium, text, width));
+    sUnmeasured = 0;
 }
 
 TEST_F(TruncateTest, ATextThatFitsIsNotCut) {

@@ -65,4 +65,7 @@ TEST(ScaledSizeTest, HugeSizesStayInRange) {
     EXPECT_EQ(fitted(INT_MAX, INT_MAX, INT_MAX, INT_MAX),
               std::to_string(INT_MAX) + "x" + std::to_string(INT_MAX) + " -> " + std::to_string(INT_MAX));
     EXPECT_EQ(fitted(INT_MAX, 1, 10, 10), "10x0 -> 0");
+    const std::string lowest = std::to_string(INT_MIN);
+    EXPECT_EQ(fitted(INT_MIN, 1, 1, INT_MAX), lowest + "x" + std::to_string(INT_MAX) + " -> 2147483647");
+    EXPECT_EQ(fitted(1, INT_MIN, INT_MAX, 1), std::to_string(INT_MAX) + "x" + lowest + " -> " + lowest);
 }

@@ -88,12 +88,13 @@ TEST_F(RotateSurfaceTest, CornersOfASlantedPictureAreTransparent) {
 }
 
 TEST_F(RotateSurfaceTest, IsDrawnTurnedIntoTheMiddle) {
-    const KestroSurfacePtr wide = quadrants(100, 50);
+    const KestroSurfacePtr wide = quadrants(101, 50);
     const KestroSurfacePtr high = quadrants(51, 100);
     DrawingLog drawing;
     turned(wide, 90);
-    EXPECT_THAT(drawing.take(), testing::Contains("turn 90 0,0 100x50 -> -25,25 100x50 on T"));
-    turned(high, -90); // both differences are odd and are halved toward zero
+    EXPECT_THAT(drawing.take(),
+                testing::ElementsAre("clear #00000000 on T", "turn 90 0,0 101x50 -> -25,25 101x50 on T"));
+    turned(high, -90); // all differences are odd and are halved toward zero
     EXPECT_THAT(drawing.take(), testing::Contains("turn -90 0,0 51x100 -> 24,-24 51x100 on T"));
 }
 

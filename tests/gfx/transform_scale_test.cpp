@@ -23,6 +23,14 @@ protected:
         SDL_FreeSurface(pixels);
         return KestroSurfacePtr(new SDL2KestroSurface(SDL_CreateTextureFromSurface(gRenderer, copy), copy));
     }
+
+    /// What becomes of one pixel of these bits in a copy of this format.
+    static Uint32 scaledPixel(Uint32 format, Uint32 bits) {
+        SDL_Surface* const copy = SDL_CreateRGBSurfaceWithFormat(0, 1, 1, 32, format);
+        *static_cast<Uint32*>(copy->pixels) = bits;
+        const KestroSurfacePtr result = scaled(KestroSurfacePtr(new SDL2KestroSurface(nullptr, copy)), 1, 1);
+        return *static_cast<Uint32*>(copyOf(result)->pixels);
+    }
 };
 
 TEST_F(ScaleSurfaceTest, CopyOf32BitsIsScaledBilinearly) {
@@ -58,6 +66,17 @@ TEST_F(ScaleSurfaceTest, RedStaysRedInBothByteOrders) {
         EXPECT_EQ(copyOf(result)->format->format, SDL_PIXELFORMAT_ARGB8888);
         EXPECT_EQ(copiedPixel(result, 0, 0), red);
     }
+}
+
+TEST_F(ScaleSurfaceTest, RedAndBlueChangePlacesWhereBlueComesFirst) {
+    constexpr Uint32 kept[] = {SDL_PIXELFORMAT_XRGB8888, SDL_PIXELFORMAT_RGBX8888, SDL_PIXELFORMAT_ARGB8888,
+                               SDL_PIXELFORMAT_RGBA8888};
+    constexpr Uint32 exchanged[] = {SDL_PIXELFORMAT_XBGR8888, SDL_PIXELFORMAT_BGRX8888,
+                                    SDL_PIXELFORMAT_ABGR8888, SDL_PIXELFORMAT_BGRA8888};
+    for (const Uint32 format : kept)
+        EXPECT_EQ(scaledPixel(format, 0x11223344), 0x11223344u) << SDL_GetPixelFormatName(format);
+    for (const Uint32 format : exchanged)
+        EXPECT_EQ(scaledPixel(format, 0x11223344), 0x11443322u) << SDL_GetPixelFormatName(format);
 }
 
 TEST_F(ScaleSurfaceTest, CopyThatIsNot32BitsDeepIsCroppedNotScaled) {

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <iterator>
+#include <vector>
 
 /// The objects whose destruction was arranged before main, in order. Plain memory: this is filled before
 /// any object of this program is made.
@@ -31,22 +31,24 @@ static int placeOf(const void* object) {
     return found == end ? -1 : static_cast<int>(found - sObjects);
 }
 
+/// The library's load-time objects in their order.
+static std::vector<const void*> loadedObjects() {
+    return {&gIconCache, &gPopupList, &gDefaultStringList, &gTextSurfaceCache,
+            &gPinyinMap, &gLangTable, getLangList()};
+}
+
 TEST(LoadOrder, ObjectsAreMadeInTheirFixedOrderAndDestroyedInReverse) {
     ASSERT_LT(sCount, room);
-    const void* const objects[] = {&gIconCache, &gPopupList, &gDefaultStringList, &gTextSurfaceCache,
-                                   &gPinyinMap, &gLangTable, getLangList()};
     int last = -1;
-    for (const void* const& object : objects) {
-        EXPECT_GT(placeOf(object), last) << "object " << &object - objects;
+    for (const void* object : loadedObjects()) {
+        EXPECT_GT(placeOf(object), last) << "the object after the one at place " << last;
         last = placeOf(object);
     }
 }
 
 TEST(LoadOrder, EachObjectIsMadeOnce) {
-    for (const void* const object :
-         {static_cast<const void*>(&gIconCache), static_cast<const void*>(&gPopupList),
-          static_cast<const void*>(&gTextSurfaceCache), static_cast<const void*>(&gPinyinMap)})
-        EXPECT_EQ(std::count(sObjects, sObjects + sCount, object), 1);
+    for (const void* object : loadedObjects())
+        EXPECT_EQ(std::count(sObjects, sObjects + sCount, object), 1) << placeOf(object);
 }
 
 TEST(LoadOrder, ObjectsAreAsEmptyAsTheyBegin) {
