@@ -31,7 +31,7 @@ protected:
         if (SDL_Init(SDL_INIT_VIDEO) != 0 || !ScreenInit(320, 240, 32, rotate))
             exit(7);
         TTF_Init();
-        static TTF_Font* const font = TTF_OpenFont(TEST_FONT, 20);
+        static TTF_Font* const font = TTF_OpenFont(TEST_FONT, 20); // open to the end, as a host's may be
         for (int i = 0; i < 120; ++i) {
             const std::string name = "entry " + std::to_string(i);
             if (DrawString(font, {0, 0, 320, 240}, name.c_str(), {9, 9, 9, 255}, 1, true, false) == 0)
