@@ -10,7 +10,7 @@ struct SessionOptions {
     bool rotate = false;    ///< the display is mounted on its side
     bool hidden = false;    ///< draw in memory only; needs no display, and takes no pads and no sound
     std::string theme;      ///< a folder, in place of the settings' theme; never saved
-    std::string language;   ///< a language file such as "ch.lang", in place of the settings' language; never saved
+    std::string language;   ///< a file such as "ch.lang", in place of the settings' language; never saved
 };
 
 /// A host from start-up to shut-down, for the length of its life: log, SDL, screen, settings (with the
