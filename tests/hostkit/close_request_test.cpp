@@ -1,5 +1,6 @@
 #include "hostkit/close_request.h"
 
+#include "core/dialog_window.h"
 #include "core/host.h"
 #include "core/input.h"
 #include "core/window_stack.h"
@@ -17,6 +18,12 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
+static void pushQuit() {
+    SDL_Event event{};
+    event.type = SDL_QUIT;
+    SDL_PushEvent(&event);
+}
+
 class CloseRequestTest : public WindowTest {
 protected:
     void SetUp() override {
@@ -30,12 +37,6 @@ protected:
         hostkit::gKeyTable.close();
         hostkit::removeKeyTable(hostkit::keyTableName());
         WindowTest::TearDown();
-    }
-
-    static void pushQuit() {
-        SDL_Event event{};
-        event.type = SDL_QUIT;
-        SDL_PushEvent(&event);
     }
 
     /// A window that keeps whatever comes in to itself; in its frame number `frame` it does `act`. After 50
@@ -81,6 +82,30 @@ TEST_F(CloseRequestTest, EndsTheLoopOfASettingPage) {
     EXPECT_LE(frames, 4);
     menu.reset();
     takeLog();
+}
+
+/// A dialog in whose first frame somebody asks to close the program.
+class ClosedDialog : public DialogWindow {
+public:
+    using DialogWindow::DialogWindow;
+
+    int eventHandling() override {
+        if (++mFrames == 1)
+            pushQuit();
+        const int code = DialogWindow::eventHandling();
+        return mFrames < 50 ? code : 1004;
+    }
+
+private:
+    int mFrames = 0;
+};
+
+TEST_F(CloseRequestTest, EndsTheLoopOfADialog) {
+    addSilentWindow(2,
+                    [] { add2PopupList(new ClosedDialog("Delete?", "All of it", false, nullptr, nullptr)); });
+    takeLog();
+    EXPECT_THAT(run(), HasSubstr(sLeft));
+    EXPECT_EQ(frames, 2);
 }
 
 TEST_F(CloseRequestTest, NoWindowIsAskedToCloseItself) {
