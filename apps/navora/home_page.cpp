@@ -4,6 +4,7 @@
 #include "gfx/text.h"
 #include "menu/text_menu.h"
 #include "navora/clock.h"
+#include "navora/game_list_page.h"
 #include "navora/games_page.h"
 #include "navora/look.h"
 #include "navora/settings_page.h"
@@ -22,6 +23,8 @@ static std::unique_ptr<TextMenuDrawer> makeList() {
 HomePage::HomePage(Shell& shell, std::string gamesFolder)
     : ListPage(shell, wordHome, makeList()), mGamesFolder(std::move(gamesFolder)) {
     addRow(wordGames, "skin/ic-game.png", openGames);
+    addRow(wordFavourites, "skin/ic-favorite.png", openFavourites);
+    addRow(wordRecents, "skin/ic-recent.png", openRecents);
     addRow(wordSettings, "skin/ic-settings.png", openSettings);
 }
 
@@ -35,6 +38,16 @@ void HomePage::addRow(int word, const char* icon, int (*open)(void*)) {
 int HomePage::openGames(void* page) {
     auto* const home = static_cast<HomePage*>(page);
     add2PopupList(new GamesPage(home->shell(), home->mGamesFolder));
+    return loopIgnored;
+}
+
+int HomePage::openFavourites(void* page) {
+    add2PopupList(new GameListPage(static_cast<HomePage*>(page)->shell(), ListKind::favourites));
+    return loopIgnored;
+}
+
+int HomePage::openRecents(void* page) {
+    add2PopupList(new GameListPage(static_cast<HomePage*>(page)->shell(), ListKind::recents));
     return loopIgnored;
 }
 

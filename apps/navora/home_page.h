@@ -21,6 +21,8 @@ private:
 
     void addRow(int word, const char* icon, int (*open)(void*));
     static int openGames(void* page);
+    static int openFavourites(void* page);
+    static int openRecents(void* page);
     static int openSettings(void* page);
 };
 

@@ -66,6 +66,7 @@ constexpr SDL_Rect hints{0, 660, 640, 60};
 constexpr SDL_Rect counter{1140, 660, 116, 60};
 constexpr int rowHeight = 96;
 constexpr int rows = 6;
+constexpr int homeRows = 4; // the settings are the last
 } // namespace layout
 
 /// The row with the cursor bar, from 0; -1 for none.

@@ -15,14 +15,14 @@ TEST_F(NavoraWindowTest, AnswersTheKeyboardAndLeavesByEscape) {
     const auto navora = start(display);
     EXPECT_TRUE(comesToShow(display, shot(sSample)));
     for (const auto& [key, keysUpToNow] :
-         std::vector<std::pair<std::string, std::string>>{{"Down", "down"},
-                                                          {"space", "down,a"},
-                                                          {"Down", "down,a,down"},
-                                                          {"Down", "down,a,down,down"},
-                                                          {"Right", "down,a,down,down,right"},
-                                                          {"Left", "down,a,down,down"},
-                                                          {"Control_L", "down"},
-                                                          {"Up", ""},
+         std::vector<std::pair<std::string, std::string>>{{"Up", "up"},
+                                                          {"space", "up,a"},
+                                                          {"Down", "up,a,down"},
+                                                          {"Down", "up,a,down,down"},
+                                                          {"Right", "up,a,down,down,right"},
+                                                          {"Left", "up,a,down,down"},
+                                                          {"Control_L", "up"},
+                                                          {"Down", ""},
                                                           {"space", "a"},
                                                           {"Down", "a,down"},
                                                           {"Down", "a,down,down"},
