@@ -7,6 +7,7 @@
 #include "navora/game_list_page.h"
 #include "navora/games_page.h"
 #include "navora/look.h"
+#include "navora/search_page.h"
 #include "navora/settings_page.h"
 #include "navora/words.h"
 #include "shell/skin.h"
@@ -25,6 +26,7 @@ HomePage::HomePage(Shell& shell, std::string gamesFolder)
     addRow(wordGames, "skin/ic-game.png", openGames);
     addRow(wordFavourites, "skin/ic-favorite.png", openFavourites);
     addRow(wordRecents, "skin/ic-recent.png", openRecents);
+    addRow(wordSearch, "skin/ic-search.png", openSearch);
     addRow(wordSettings, "skin/ic-settings.png", openSettings);
 }
 
@@ -51,6 +53,12 @@ int HomePage::openRecents(void* page) {
     return loopIgnored;
 }
 
+int HomePage::openSearch(void* page) {
+    auto* const home = static_cast<HomePage*>(page);
+    add2PopupList(new SearchPage(home->shell(), home->mGamesFolder));
+    return loopIgnored;
+}
+
 int HomePage::openSettings(void* page) {
     add2PopupList(new SettingsPage(static_cast<HomePage*>(page)->shell()));
     return loopIgnored;
@@ -58,6 +66,8 @@ int HomePage::openSettings(void* page) {
 
 /// There is nothing to go back to: back and menu leave the launcher.
 int HomePage::answer(int code) {
+    if (code == keyRightShoulder)
+        return openSearch(this);
     return code == keyA || code == keyB || code == keyMenu ? loopQuit : code;
 }
 

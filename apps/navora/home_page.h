@@ -23,6 +23,7 @@ private:
     static int openGames(void* page);
     static int openFavourites(void* page);
     static int openRecents(void* page);
+    static int openSearch(void* page);
     static int openSettings(void* page);
 };
 

@@ -8,7 +8,17 @@
 
 namespace navora {
 
-enum KeyCode { keyA = 1, keyB = 2, keyMenu = 11 };
+enum KeyCode {
+    keyA = 1,
+    keyB,
+    keyX,
+    keyUp = 5,
+    keyDown,
+    keyLeft,
+    keyRight,
+    keyMenu = 11,
+    keyRightShoulder = 13
+};
 
 enum LoopCode { loopIgnored = 0, loopClose = 1002, loopQuit = 1003 };
 

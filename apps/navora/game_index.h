@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace navora {
+
+/// All files below a folder that the lists would show, for a search. Gathered in slices, so that no frame
+/// waits for a large card.
+class GameIndex {
+public:
+    static constexpr size_t mostGames = 100'000;
+    static constexpr int mostFolders = 32; // within each other
+
+    explicit GameIndex(const std::string& folder);
+
+    /// Reads on for a few milliseconds. Returns whether it has found something, or come to the end: then
+    /// search again.
+    bool gather();
+
+    bool isComplete() const { return mComplete; }
+
+    /// The paths of the games whose name, or the pinyin initials of whose name, contain `key`, in any case
+    /// of ASCII letters. By name, once the index is complete.
+    std::vector<std::string> search(const std::string& key) const;
+
+private:
+    struct Game {
+        std::string path;
+        std::string name;
+        std::string initials;
+    };
+    std::filesystem::recursive_directory_iterator mNext;
+    std::vector<Game> mGames;
+    bool mComplete = false;
+
+    void addFile(const std::string& path);
+    bool isAtEnd() const;
+    void step();
+    void sortByName();
+};
+
+} // namespace navora
