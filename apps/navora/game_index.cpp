@@ -57,6 +57,7 @@ void GameIndex::addFile(const std::string& path) {
     std::string name = path.substr(path.rfind('/') + 1);
     if (!file_filter(name.c_str(), path.c_str()))
         return;
+    name = fs::path(name).stem().string();
     const std::unique_ptr<char, void (*)(void*)> initials(GetPinyinInitials2(name.c_str()), free);
     if (initials)
         mGames.push_back({path, std::move(name), initials.get()});

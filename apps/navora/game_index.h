@@ -21,14 +21,15 @@ public:
 
     bool isComplete() const { return mComplete; }
 
-    /// The paths of the games whose name, or the pinyin initials of whose name, contain `key`, in any case
-    /// of ASCII letters. By name, once the index is complete.
+    /// The paths of the games whose name has `key` in its pinyin initials, in any case of ASCII letters.
+    /// What is not Chinese has itself for initials; extensions do not count. By name, once the index is
+    /// complete.
     std::vector<std::string> search(const std::string& key) const;
 
 private:
     struct Game {
         std::string path;
-        std::string name;
+        std::string name; // without the extension, which most share
         std::string initials;
     };
     std::filesystem::recursive_directory_iterator mNext;

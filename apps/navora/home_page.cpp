@@ -1,16 +1,12 @@
 #include "navora/home_page.h"
 
 #include "core/window_stack.h"
-#include "gfx/text.h"
 #include "menu/text_menu.h"
-#include "navora/clock.h"
 #include "navora/game_list_page.h"
 #include "navora/games_page.h"
-#include "navora/look.h"
 #include "navora/search_page.h"
 #include "navora/settings_page.h"
 #include "navora/words.h"
-#include "shell/skin.h"
 
 namespace navora {
 
@@ -69,12 +65,6 @@ int HomePage::answer(int code) {
     if (code == keyRightShoulder)
         return openSearch(this);
     return code == keyA || code == keyB || code == keyMenu ? loopQuit : code;
-}
-
-void HomePage::drawContent() {
-    ListPage::drawContent();
-    const SDL_Rect place{margin, 0, screenWidth - 2 * margin, headerHeight};
-    DrawString(gNavFont, place, clockText().c_str(), gNavColorTxt, 4, false, false);
 }
 
 } // namespace navora

@@ -6,7 +6,7 @@
 
 namespace navora {
 
-/// The first page: where one can go, and what time it is.
+/// The first page: where one can go. The right shoulder goes to the search.
 class HomePage : public ListPage {
 public:
     /// `gamesFolder` is an absolute path.
@@ -14,7 +14,6 @@ public:
 
 protected:
     int answer(int code) override;
-    void drawContent() override;
 
 private:
     std::string mGamesFolder;
