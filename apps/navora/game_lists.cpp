@@ -22,6 +22,8 @@ static bool removeFrom(Paths& paths, const std::string& path) {
 
 static Paths pathsOf(const cJSON* array, size_t most) {
     Paths paths;
+    if (!cJSON_IsArray(array))
+        return paths;
     const cJSON* item = nullptr;
     cJSON_ArrayForEach(item, array) {
         const char* const path = cJSON_GetStringValue(item);

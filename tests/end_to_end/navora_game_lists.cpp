@@ -129,7 +129,7 @@ TEST_F(GameListsTest, WhatIsNoPathIsPassedOver) {
 TEST_F(GameListsTest, AMalformedFileIsNamedWithThePlaceAndKeptBeside) {
     const std::string broken = "{\n  \"favourites\": [\"/a\",]\n}";
     EXPECT_EQ(complaintAbout(broken),
-              "navora: " + mFile + ": not JSON at line 2, column 24; it is not used\n");
+              "navora: " + mFile + ": not JSON at line 2, column 23; it is not used\n");
     EXPECT_EQ(contentOf(mFile + ".broken"), broken);
     EXPECT_FALSE(std::filesystem::exists(mFile));
     EXPECT_EQ(complaintAbout(""), "navora: " + mFile + ": not JSON at line 1, column 1; it is not used\n");

@@ -136,9 +136,9 @@ TEST_F(NavoraGamesTest, ALongNameIsCutWithinItsRow) {
         EXPECT_GT(page.part({1020, layout::list.y + row * layout::rowHeight, 108, 90}).colors(), 10) << row;
 }
 
-TEST_F(NavoraGamesTest, ALongTitleIsCutBeforeTheEdge) {
-    constexpr SDL_Rect edge{1240, 0, 40, 80};
-    constexpr SDL_Rect before{1000, 0, 100, 80};
+TEST_F(NavoraGamesTest, ALongTitleIsCutBeforeTheClock) {
+    constexpr SDL_Rect edge{800, 0, 480, 80};
+    constexpr SDL_Rect before{680, 0, 100, 80};
     mFolder.addFile("a");
     const Picture shortTitle = gamesShot(mFolder.path(), "a");
     for (const std::string piece : {"W", "超"}) {

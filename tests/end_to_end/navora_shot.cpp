@@ -20,7 +20,8 @@ TEST_F(NavoraShotTest, RotatedItShowsTheSamePageUpright) {
     // The display is mounted so that one row of the page lies beyond its edge.
     const Picture page = gamesShot(NAVORA_RUN_FOLDER "/sample", "down,down,down");
     const Picture rotated = gamesShot(NAVORA_RUN_FOLDER "/sample", "down,down,down", {"--rotate"});
-    EXPECT_EQ(rotated.part({0, 0, 1280, 719}), page.part({0, 1, 1280, 719}));
+    EXPECT_EQ(rotated.part({0, 0, 1280, 719}).without(layout::clock),
+              page.part({0, 1, 1280, 719}).without(layout::clock));
 }
 
 TEST_F(NavoraShotTest, AThemeReplacesPicturesOfTheSkin) {
