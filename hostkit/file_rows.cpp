@@ -14,7 +14,8 @@ static constexpr int nothingDone = 0;
 enum RowGroup : uint32_t { files, folders, wayUp };
 
 using Choose = std::function<int(const std::string&)>;
-static std::shared_ptr<const Choose> sChoose; // shared by all rows
+static std::shared_ptr<const Choose> sChoose; // both are shared by all rows
+static std::shared_ptr<const Choose> sMenu;
 
 /// A copy that stays valid until the event with it was handled, while the row may be gone by then.
 static char* kept(const std::string& path) {
@@ -47,24 +48,34 @@ private:
 
 class ChooseFile : public Action {
 public:
-    ChooseFile(const char* path, std::shared_ptr<const Choose> choose)
-        : mPath(path), mChoose(std::move(choose)) {}
+    explicit ChooseFile(const char* path) : mPath(path), mChoose(sChoose), mMenu(sMenu) {}
 
-    int dowork(void*) override {
-        const auto choose = mChoose; // which may delete the row
-        const std::string path = mPath;
-        return choose ? (*choose)(path) : nothingDone;
-    }
+    int dowork(void*) override { return run(mChoose, mPath); }
+    int xdowork(void*) override { return run(mMenu, mPath); }
 
 private:
     std::string mPath;
     std::shared_ptr<const Choose> mChoose;
+    std::shared_ptr<const Choose> mMenu;
+
+    /// By value: the function may delete the row.
+    static int run(std::shared_ptr<const Choose> choose, std::string path) {
+        return choose ? (*choose)(path) : nothingDone;
+    }
 };
 
 } // namespace
 
+static std::shared_ptr<const Choose> shared(Choose choose) {
+    return choose ? std::make_shared<const Choose>(std::move(choose)) : nullptr;
+}
+
 void setFileChosen(Choose choose) {
-    sChoose = choose ? std::make_shared<const Choose>(std::move(choose)) : nullptr;
+    sChoose = shared(std::move(choose));
+}
+
+void setFileMenu(Choose open) {
+    sMenu = shared(std::move(open));
 }
 
 TextMenuItem* makeFolderRow(const char* name, const char* path) {
@@ -77,7 +88,7 @@ TextMenuItem* makeFolderRow(const char* name, const char* path) {
 
 TextMenuItem* makeFileRow(const char* name, const char* path) {
     // Always with an action: rows without one would stand among the folders.
-    auto* const row = new TextMenuItem(name, nullptr, new ChooseFile(path, sChoose), true);
+    auto* const row = new TextMenuItem(name, nullptr, new ChooseFile(path), true);
     row->setImagePath(fileIcon(name));
     row->setSecondImagePath(thumbnailOf(path).c_str());
     return row;

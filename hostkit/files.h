@@ -20,6 +20,9 @@ bool isListedFile(const char* name);
 /// Action::dowork). Null, as at first, does nothing; rows made before keep what they have.
 void setFileChosen(std::function<int(const std::string& path)> choose);
 
+/// The same for the third face button on a file's row.
+void setFileMenu(std::function<int(const std::string& path)> open);
+
 /// The row of a folder: choosing it makes the file browser go there. Its icon is "skin/ic-folder.png". ".."
 /// stands first, then the folders, then the files. The caller owns the row.
 TextMenuItem* makeFolderRow(const char* name, const char* path);

@@ -14,7 +14,6 @@ public:
     const char* getTitle() override { return mEntry.name.c_str(); }
 
 protected:
-    int confirmHint() const override { return -1; }
     void drawContent() override;
     int handleInput() override;
 

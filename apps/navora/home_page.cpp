@@ -1,14 +1,12 @@
 #include "navora/home_page.h"
 
 #include "core/window_stack.h"
-#include "gfx/text.h"
 #include "menu/text_menu.h"
-#include "navora/clock.h"
+#include "navora/game_list_page.h"
 #include "navora/games_page.h"
-#include "navora/look.h"
+#include "navora/search_page.h"
 #include "navora/settings_page.h"
 #include "navora/words.h"
-#include "shell/skin.h"
 
 namespace navora {
 
@@ -22,6 +20,9 @@ static std::unique_ptr<TextMenuDrawer> makeList() {
 HomePage::HomePage(Shell& shell, std::string gamesFolder)
     : ListPage(shell, wordHome, makeList()), mGamesFolder(std::move(gamesFolder)) {
     addRow(wordGames, "skin/ic-game.png", openGames);
+    addRow(wordFavourites, "skin/ic-favorite.png", openFavourites);
+    addRow(wordRecents, "skin/ic-recent.png", openRecents);
+    addRow(wordSearch, "skin/ic-search.png", openSearch);
     addRow(wordSettings, "skin/ic-settings.png", openSettings);
 }
 
@@ -38,6 +39,22 @@ int HomePage::openGames(void* page) {
     return loopIgnored;
 }
 
+int HomePage::openFavourites(void* page) {
+    add2PopupList(new GameListPage(static_cast<HomePage*>(page)->shell(), ListKind::favourites));
+    return loopIgnored;
+}
+
+int HomePage::openRecents(void* page) {
+    add2PopupList(new GameListPage(static_cast<HomePage*>(page)->shell(), ListKind::recents));
+    return loopIgnored;
+}
+
+int HomePage::openSearch(void* page) {
+    auto* const home = static_cast<HomePage*>(page);
+    add2PopupList(new SearchPage(home->shell(), home->mGamesFolder));
+    return loopIgnored;
+}
+
 int HomePage::openSettings(void* page) {
     add2PopupList(new SettingsPage(static_cast<HomePage*>(page)->shell()));
     return loopIgnored;
@@ -45,13 +62,9 @@ int HomePage::openSettings(void* page) {
 
 /// There is nothing to go back to: back and menu leave the launcher.
 int HomePage::answer(int code) {
+    if (code == keyRightShoulder)
+        return openSearch(this);
     return code == keyA || code == keyB || code == keyMenu ? loopQuit : code;
-}
-
-void HomePage::drawContent() {
-    ListPage::drawContent();
-    const SDL_Rect place{margin, 0, screenWidth - 2 * margin, headerHeight};
-    DrawString(gNavFont, place, clockText().c_str(), gNavColorTxt, 4, false, false);
 }
 
 } // namespace navora

@@ -6,7 +6,7 @@
 
 namespace navora {
 
-/// The first page: where one can go, and what time it is.
+/// The first page: where one can go. The right shoulder goes to the search.
 class HomePage : public ListPage {
 public:
     /// `gamesFolder` is an absolute path.
@@ -14,13 +14,15 @@ public:
 
 protected:
     int answer(int code) override;
-    void drawContent() override;
 
 private:
     std::string mGamesFolder;
 
     void addRow(int word, const char* icon, int (*open)(void*));
     static int openGames(void* page);
+    static int openFavourites(void* page);
+    static int openRecents(void* page);
+    static int openSearch(void* page);
     static int openSettings(void* page);
 };
 

@@ -26,10 +26,13 @@ static size_t bytesOf(const std::string& text, int count) {
     return at;
 }
 
+std::string cutToWidth(TTF_Font* font, const std::string& text, int width) {
+    const int kept = getTruncateLen(font, text.c_str(), 0, width);
+    return kept > 0 ? text.substr(0, bytesOf(text, kept)) + "..." : text;
+}
+
 void drawCut(TTF_Font* font, const SDL_Rect& rect, const std::string& text, SDL_Color color, int align) {
-    const int kept = getTruncateLen(font, text.c_str(), 0, rect.w);
-    const std::string shown = kept > 0 ? text.substr(0, bytesOf(text, kept)) + "..." : text;
-    DrawString(font, rect, shown.c_str(), color, align, false, false);
+    DrawString(font, rect, cutToWidth(font, text, rect.w).c_str(), color, align, false, false);
 }
 
 /// Where to break a line after at most `end` bytes: after its last space, if that is not too far back.

@@ -21,6 +21,9 @@ void drawAt(KestroSurface* picture, int x, int y);
 /// Draws a picture into the middle of a rectangle; nothing for null.
 void drawCentred(KestroSurface* picture, const SDL_Rect& rect);
 
+/// The text, cut to a width in pixels with an ellipsis.
+std::string cutToWidth(TTF_Font* font, const std::string& text, int width);
+
 /// Draws one line, cut to the width of `rect` with an ellipsis.
 void drawCut(TTF_Font* font, const SDL_Rect& rect, const std::string& text, SDL_Color color, int align);
 

@@ -7,6 +7,7 @@
 #include "navora/options.h"
 #include "navora/run_folder.h"
 #include "navora/words.h"
+#include "services/wifi_monitor.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -24,8 +25,17 @@ static hostkit::SessionOptions sessionOptions(const Options& options) {
     return session;
 }
 
+static void watchWifi(bool interactive) {
+    constexpr int station = 2;
+    if (interactive)
+        rx_wifi_monitor_start();
+    else if (getWifiMode() == station) // one picture does not wait for the monitor
+        g_wpa_msg = rx_get_wpa_msg();
+}
+
 static bool runLauncher(const Options& options) {
     applyTimeZone();
+    watchWifi(options.shot.empty());
     ScriptedInput script(options.keys, options.shot, options.rotate);
     Shell shell{script};
     startGameRows(shell);

@@ -1,9 +1,9 @@
 #include "navora/page.h"
 
-#include "core/host.h"
 #include "gfx/fill.h"
 #include "gfx/text.h"
 #include "hostkit/theme.h"
+#include "navora/clock.h"
 #include "navora/look.h"
 #include "navora/words.h"
 #include "shell/skin.h"
@@ -12,6 +12,42 @@
 #include <SDL.h>
 
 namespace navora {
+
+namespace {
+
+/// The bar at the top with another title than its window's.
+class TopBar : public KestroWindow {
+public:
+    explicit TopBar(std::string title) : KestroWindow(-1, 0), mTitle(std::move(title)) {}
+
+    const char* getTitle() override { return mTitle.c_str(); }
+    int eventHandling() override { return loopIgnored; }
+    int draw() override { return drawNavBar(0); }
+    void quit() override {}
+    void init() override {}
+    void saveState(cJSON*) override {}
+    int queryInt() override { return 0; }
+    void update() override {}
+
+private:
+    std::string mTitle;
+};
+
+} // namespace
+
+/// Draws the bar with a title that keeps clear of the clock when everything shows its state at the right.
+/// Returns where that begins.
+static int drawTopBar(const char* title) {
+    constexpr int titleWidth = 680;
+    constexpr int stateRight = 1265;
+    return stateRight - TopBar(cutToWidth(gNavFont, title, titleWidth)).draw();
+}
+
+static void drawClock(int right) {
+    constexpr int gap = 20;
+    const SDL_Rect place{right - gap - 200, 0, 200, 70};
+    DrawString(gNavFont, place, clockText().c_str(), gNavColorTxt, 4, false, false);
+}
 
 Page::Page(Shell& shell, int title)
     : KestroWindow(title, 0), mShell(shell), mThemeNumber(hostkit::themeNumber()) {}
@@ -31,32 +67,10 @@ int Page::eventHandling() {
 int Page::draw() {
     FillRect(nullptr, nullptr, 14, 19, 30, 255);
     drawAt(gBackground, 0, 0);
-    drawCut(gPopupFontTitle, {margin, 0, screenWidth - 2 * margin, headerHeight}, getTitle(), gNavColorTxt,
-            3);
+    drawClock(drawTopBar(getTitle()));
     drawContent();
-    drawHints();
+    drawStatBar(0);
     return 0;
-}
-
-void Page::drawHints() const {
-    constexpr int wordBack = 5;
-    constexpr int gap = 10;
-    constexpr int hintGap = 24;
-    const bool swapped = GetKeyShm(gShmInfo, 19) != 0;
-    const struct {
-        KestroSurface* button;
-        int word;
-    } hints[] = {{swapped ? gIconB : gIconA, confirmHint()}, {swapped ? gIconA : gIconB, wordBack}};
-    int x = 30;
-    for (const auto& [button, word] : hints) {
-        if (!button || word < 0)
-            continue;
-        const SDL_Rect place{x, footerTop, button->getWidth(), screenHeight - footerTop};
-        drawCentred(button, place);
-        x += place.w + gap;
-        const SDL_Rect label{x, footerTop, 0, place.h};
-        x += DrawString(gStatFont, label, getLangStr(word), gStatColorTxt, 3, false, false) + hintGap;
-    }
 }
 
 ListPage::ListPage(Shell& shell, int title, std::unique_ptr<TextMenuDrawer> list)

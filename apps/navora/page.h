@@ -8,7 +8,17 @@
 
 namespace navora {
 
-enum KeyCode { keyA = 1, keyB = 2, keyMenu = 11 };
+enum KeyCode {
+    keyA = 1,
+    keyB,
+    keyX,
+    keyUp = 5,
+    keyDown,
+    keyLeft,
+    keyRight,
+    keyMenu = 11,
+    keyRightShoulder = 13
+};
 
 enum LoopCode { loopIgnored = 0, loopClose = 1002, loopQuit = 1003 };
 
@@ -17,8 +27,8 @@ struct Shell {
     ScriptedInput& script;
 };
 
-/// A full-screen window of the launcher: background, title above, hints at the buttons below, and what a page
-/// of its own kind puts in between.
+/// A full-screen window of the launcher: background, the two bars with the clock, and what a page of its own
+/// kind puts in between.
 class Page : public KestroWindow {
 public:
     Page(Shell& shell, int titleId);
@@ -34,9 +44,6 @@ public:
 protected:
     Shell& shell() const { return mShell; }
 
-    /// The language index of the A button's hint; negative for none.
-    virtual int confirmHint() const { return 4; }
-
     virtual void drawContent() = 0;
 
     /// Reads and acts on one key, and returns a loop code.
@@ -48,8 +55,6 @@ protected:
 private:
     Shell& mShell;
     int mThemeNumber; // of the theme that the page shows
-
-    void drawHints() const;
 };
 
 /// A page around one list.
@@ -60,9 +65,6 @@ public:
 protected:
     TextMenuDrawer& list() const { return *mList; }
     void setList(std::unique_ptr<TextMenuDrawer> list) { mList = std::move(list); }
-
-    /// Only a row can be confirmed.
-    int confirmHint() const override { return mList->getListNum() > 0 ? Page::confirmHint() : -1; }
 
     void drawContent() override;
     int handleInput() override;

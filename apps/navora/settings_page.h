@@ -19,7 +19,6 @@ public:
     void quit() override;
 
 protected:
-    int confirmHint() const override { return -1; }
     void themeChanged() override;
 
 private:

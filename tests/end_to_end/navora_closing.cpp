@@ -9,9 +9,9 @@ class NavoraClosingTest : public NavoraOnX,
 protected:
     static std::string keysTo(const std::string& page) {
         if (page == "Home")
-            return "down";
+            return "up";
         if (page == "Settings")
-            return "down,a,down";
+            return "up,a,down";
         return page == "Games" ? "a,down,down" : "a,down,down,a";
     }
 

@@ -20,6 +20,11 @@ Outcome runNavora(const std::vector<std::string>& arguments, const std::vector<s
 
 Picture NavoraTest::shot(const std::string& folder, const std::string& keys,
                          const std::vector<std::string>& moreOptions) {
+    return timedShot(folder, keys, moreOptions).without(layout::clock);
+}
+
+Picture NavoraTest::timedShot(const std::string& folder, const std::string& keys,
+                              const std::vector<std::string>& moreOptions) {
     const std::string file = mResults.path("page.png");
     std::vector<std::string> arguments{"--shot", file, "--keys", keys};
     arguments.insert(arguments.end(), moreOptions.begin(), moreOptions.end());

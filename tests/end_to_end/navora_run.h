@@ -39,11 +39,16 @@ Outcome runNavora(const std::vector<std::string>& arguments, const std::vector<s
 /// Tests that look at the launcher's pages through pictures written by it.
 class NavoraTest : public ::testing::Test {
 protected:
-    /// The page that is shown after `keys`, from the home page on; also expects that nothing went wrong.
+    /// The page that is shown after `keys`, from the home page on, without the time; also expects that
+    /// nothing went wrong.
     Picture shot(const std::string& folder, const std::string& keys = "",
                  const std::vector<std::string>& moreOptions = {});
 
-    /// The same, from the games page on.
+    /// The same with the time.
+    Picture timedShot(const std::string& folder, const std::string& keys,
+                      const std::vector<std::string>& moreOptions = {});
+
+    /// A shot from the games page on.
     Picture gamesShot(const std::string& folder, const std::string& keys = "",
                       const std::vector<std::string>& moreOptions = {});
 
@@ -56,8 +61,8 @@ protected:
 
 /// Where the pages put what the tests look for.
 namespace layout {
-constexpr SDL_Rect title{0, 0, 1000, 80};
-constexpr SDL_Rect clock{1000, 0, 280, 80}; // on the home page
+constexpr SDL_Rect title{0, 0, 900, 80};
+constexpr SDL_Rect clock{960, 0, 164, 80}; // without Wi-Fi and the like at the right of it
 constexpr SDL_Rect list{0, 80, 1280, 576};
 constexpr SDL_Rect thumbnail{940, 220, 300, 300}; // what the picture under the cursor is fitted into
 constexpr SDL_Rect details{40, 100, 688, 530};    // the same on the details page
@@ -66,6 +71,7 @@ constexpr SDL_Rect hints{0, 660, 640, 60};
 constexpr SDL_Rect counter{1140, 660, 116, 60};
 constexpr int rowHeight = 96;
 constexpr int rows = 6;
+constexpr int homeRows = 5; // the settings are the last
 } // namespace layout
 
 /// The row with the cursor bar, from 0; -1 for none.

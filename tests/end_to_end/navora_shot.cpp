@@ -12,7 +12,7 @@ TEST_F(NavoraShotTest, ShowsSomethingWorthSeeing) {
 
 TEST_F(NavoraShotTest, IsTheSameEveryTime) {
     const std::string sample = NAVORA_RUN_FOLDER "/sample";
-    for (const char* keys : {"a,down,a,down,b,down,down,a", "down,a,down,down,right"})
+    for (const char* keys : {"a,down,a,down,b,down,down,a", "up,a,down,down,right"})
         EXPECT_EQ(shot(sample, keys), shot(sample, keys));
 }
 
@@ -20,7 +20,8 @@ TEST_F(NavoraShotTest, RotatedItShowsTheSamePageUpright) {
     // The display is mounted so that one row of the page lies beyond its edge.
     const Picture page = gamesShot(NAVORA_RUN_FOLDER "/sample", "down,down,down");
     const Picture rotated = gamesShot(NAVORA_RUN_FOLDER "/sample", "down,down,down", {"--rotate"});
-    EXPECT_EQ(rotated.part({0, 0, 1280, 719}), page.part({0, 1, 1280, 719}));
+    EXPECT_EQ(rotated.part({0, 0, 1280, 719}).without(layout::clock),
+              page.part({0, 1, 1280, 719}).without(layout::clock));
 }
 
 TEST_F(NavoraShotTest, AThemeReplacesPicturesOfTheSkin) {

@@ -1,0 +1,61 @@
+#include "navora/game_menu.h"
+
+#include "core/window_stack.h"
+#include "menu/text_menu.h"
+#include "navora/floating.h"
+#include "navora/game_lists.h"
+#include "navora/game_rows.h"
+#include "navora/words.h"
+
+#include <functional>
+
+namespace navora {
+
+namespace {
+
+/// Does something, and closes the window that asked for it.
+class CloseAfter : public Action {
+public:
+    explicit CloseAfter(std::function<void()> work) : mWork(std::move(work)) {}
+
+    int dowork(void*) override {
+        mWork();
+        return loopClose;
+    }
+
+private:
+    std::function<void()> mWork;
+};
+
+} // namespace
+
+static void addRow(TextMenu& menu, int word, std::function<void()> work) {
+    auto* const row = new TextMenuItem(nullptr, nullptr, new CloseAfter(std::move(work)), true);
+    row->setLabelId(word);
+    menu.insertItem(static_cast<TextMenuItemProvider*>(row));
+}
+
+static void askToClear(Shell& shell) {
+    auto* const clear = new CloseAfter([] { gameLists().clearRecents(); });
+    add2PopupList(new Question(shell, wordClearRecents, wordClearQuestion, clear));
+}
+
+static void addRowsOfList(TextMenu& menu, Shell& shell, const std::string& path, ListKind kind) {
+    if (kind != ListKind::recents)
+        return;
+    addRow(menu, wordRemoveRecent, [path] { gameLists().removeRecent(path); });
+    addRow(menu, wordClearRecents, [&shell] { askToClear(shell); });
+}
+
+void openGameMenu(Shell& shell, const std::string& path, ListKind kind) {
+    TextMenu* const menu = makePopUpList();
+    const bool favourite = gameLists().isFavourite(path);
+    addRow(*menu, wordPlay, [&shell, path] { chooseGame(shell, path); });
+    addRow(*menu, favourite ? wordRemoveFavourite : wordAddFavourite,
+           [path, favourite] { gameLists().setFavourite(path, !favourite); });
+    addRow(*menu, wordDetails, [&shell, path] { showDetails(shell, path); });
+    addRowsOfList(*menu, shell, path, kind);
+    add2PopupList(new PopUpMenu(shell, menu));
+}
+
+} // namespace navora

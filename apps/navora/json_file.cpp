@@ -1,0 +1,112 @@
+#include "navora/json_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace navora {
+
+using FilePtr = std::unique_ptr<FILE, int (*)(FILE*)>;
+
+static std::string folderBelow(const char* name, const char* below) {
+    const char* const value = getenv(name);
+    return value && *value ? std::string(value) + below : "";
+}
+
+static std::string stateFolder() {
+    static constexpr const char* card = "/mnt/UDISK";
+    const std::string rooted = folderBelow("KESTRO_DEVICE_ROOT", "/mnt/UDISK/navora");
+    if (!rooted.empty())
+        return rooted;
+    if (access(card, W_OK) == 0)
+        return std::string(card) + "/navora";
+    const std::string data = folderBelow("XDG_DATA_HOME", "/navora");
+    return data.empty() ? folderBelow("HOME", "/.local/share/navora") : data;
+}
+
+std::string stateFile(const std::string& name) {
+    return stateFolder() + "/" + name;
+}
+
+/// The content of an open file, one byte more than is allowed at most.
+static std::string contentOf(FILE* file, size_t allowed) {
+    std::string text;
+    char piece[16384];
+    size_t count = 1;
+    while (count > 0 && text.size() <= allowed) {
+        count = fread(piece, 1, std::min(sizeof piece, allowed + 1 - text.size()), file);
+        text.append(piece, count);
+    }
+    return text;
+}
+
+static void complain(const std::string& path, const char* problem) {
+    fprintf(stderr, "navora: %s: %s\n", path.c_str(), problem);
+}
+
+static void complainOfPlace(const std::string& path, const std::string& text, size_t at) {
+    const auto here = text.begin() + static_cast<std::ptrdiff_t>(std::min(at, text.size()));
+    const auto line = 1 + std::count(text.begin(), here, '\n');
+    const auto lineStart = std::find(std::make_reverse_iterator(here), text.rend(), '\n').base();
+    fprintf(stderr, "navora: %s: not JSON at line %td, column %td; it is not used\n", path.c_str(),
+            static_cast<std::ptrdiff_t>(line), here - lineStart + 1);
+}
+
+JsonPtr readJson(const std::string& path) {
+    static constexpr size_t longest = 8'000'000;
+    const FilePtr file(fopen(path.c_str(), "r"), fclose);
+    if (!file) {
+        if (errno != ENOENT)
+            complain(path, strerror(errno));
+        return nullptr;
+    }
+    const std::string text = contentOf(file.get(), longest);
+    if (ferror(file.get()) || text.size() > longest) {
+        complain(path, ferror(file.get()) ? strerror(errno) : "too long; it is not used");
+        return nullptr;
+    }
+    const char* end = text.c_str();
+    JsonPtr root(cJSON_ParseWithOpts(text.c_str(), &end, 1));
+    if (!root)
+        complainOfPlace(path, text, static_cast<size_t>(end - text.c_str()));
+    return root;
+}
+
+/// Makes a renamed file's new name durable too.
+static void syncFolder(const fs::path& folder) {
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+}
+
+static bool writeWhole(const std::string& path, const char* text) {
+    FilePtr file(fopen(path.c_str(), "w"), fclose);
+    const bool written =
+        file && fputs(text, file.get()) >= 0 && fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0;
+    return file && fclose(file.release()) == 0 && written;
+}
+
+bool writeJson(const std::string& path, const cJSON* root) {
+    const std::string beside = path + ".new";
+    const fs::path folder = fs::path(path).parent_path();
+    std::error_code ignored; // what follows fails too, and tells
+    fs::create_directories(folder, ignored);
+    const std::unique_ptr<char, void (*)(void*)> text(cJSON_Print(root), cJSON_free);
+    if (!text || !writeWhole(beside, text.get()) || rename(beside.c_str(), path.c_str()) != 0) {
+        complain(path, (std::string("cannot be written: ") + strerror(errno)).c_str());
+        return false;
+    }
+    syncFolder(folder);
+    return true;
+}
+
+} // namespace navora

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cJSON.h>
+
+#include <memory>
+#include <string>
+
+namespace navora {
+
+struct DeleteJson {
+    void operator()(cJSON* item) const { cJSON_Delete(item); }
+};
+using JsonPtr = std::unique_ptr<cJSON, DeleteJson>;
+
+/// Where the launcher keeps the file `name` of its own: in "/mnt/UDISK/navora" on the device or below the
+/// device root, if there is one; on any other machine in XDG_DATA_HOME/navora, which is
+/// ~/.local/share/navora if that is not set.
+std::string stateFile(const std::string& name);
+
+/// What the JSON in a file says. Null for a file that is not there; also, after a line on standard error
+/// that names the file and the place in it, for one that cannot be read, is longer than 8 MB or is not JSON.
+JsonPtr readJson(const std::string& path);
+
+/// Writes a tree into a file in such a way that a power cut leaves the old file or the new one. Makes its
+/// folder first. False, after a line on standard error, if that fails; the old file is then as it was.
+bool writeJson(const std::string& path, const cJSON* root);
+
+} // namespace navora
