@@ -10,7 +10,8 @@ struct SessionOptions {
     bool rotate = false;    ///< the display is mounted on its side
     bool hidden = false;    ///< draw in memory only; needs no display, and takes no pads and no sound
     std::string theme;      ///< a folder, in place of the settings' theme; never saved
-    std::string language;   ///< a language file such as "ch.lang", in place of the settings' language; never saved
+    std::string
+        language; ///< a language file such as "ch.lang", in place of the settings' language; never saved
 };
 
 /// A host from start-up to shut-down, for the length of its life: log, SDL, screen, settings (with the
@@ -41,16 +42,27 @@ public:
     /// Whether it is not open for want of a display.
     bool lacksDisplay() const { return mLacksDisplay; }
 
+    /// Gives screen, pads and sound up, for another program to use: SDL is shut down whole. Everything that
+    /// was made for the screen is lost, so only while there are no windows and no loop.
+    void giveUpScreen();
+
+    /// Takes them back, in the theme in force. Returns isOpen(): the screen may be gone.
+    bool takeBackScreen();
+
 private:
+    const bool mRotate;
+    const bool mHidden;
     std::string mProblem;
     bool mLacksDisplay = false;
 
     bool fail(const std::string& problem);
-    bool startLibraries(bool hidden);
+    bool startScreen();
+    bool startLibraries();
     bool findDisplay();
-    bool openScreen(bool rotate);
+    bool openScreen();
     void loadSettings(const SessionOptions& options);
     bool loadSkin();
+    void startPadsAndSound();
 };
 
 } // namespace hostkit

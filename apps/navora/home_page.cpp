@@ -6,6 +6,7 @@
 #include "navora/clock.h"
 #include "navora/games_page.h"
 #include "navora/look.h"
+#include "navora/place.h"
 #include "navora/settings_page.h"
 #include "navora/words.h"
 #include "shell/skin.h"
@@ -30,6 +31,15 @@ void HomePage::addRow(int word, const char* icon, int (*open)(void*)) {
     row->setLabelId(word); // follows the language
     row->setImagePath(icon);
     static_cast<TextMenu&>(list()).insertItem(static_cast<TextMenuItemProvider*>(row));
+}
+
+void HomePage::saveState(cJSON* state) {
+    cJSON_AddStringToObject(state, "page", "home");
+    savePosition(list(), state);
+}
+
+void HomePage::restore(const cJSON* state) {
+    restorePosition(list(), state);
 }
 
 int HomePage::openGames(void* page) {

@@ -26,16 +26,32 @@ static size_t bytesOf(const std::string& text, int count) {
     return at;
 }
 
+static std::string cut(TTF_Font* font, const std::string& text, int width) {
+    const int kept = getTruncateLen(font, text.c_str(), 0, width);
+    return kept > 0 ? text.substr(0, bytesOf(text, kept)) + "..." : text;
+}
+
 void drawCut(TTF_Font* font, const SDL_Rect& rect, const std::string& text, SDL_Color color, int align) {
-    const int kept = getTruncateLen(font, text.c_str(), 0, rect.w);
-    const std::string shown = kept > 0 ? text.substr(0, bytesOf(text, kept)) + "..." : text;
-    DrawString(font, rect, shown.c_str(), color, align, false, false);
+    DrawString(font, rect, cut(font, text, rect.w).c_str(), color, align, false, false);
 }
 
 /// Where to break a line after at most `end` bytes: after its last space, if that is not too far back.
 static size_t breakBefore(const std::string& text, size_t end) {
     const size_t space = text.rfind(' ', end);
     return space != std::string::npos && space > end / 2 ? space + 1 : end;
+}
+
+std::string wrapped(TTF_Font* font, std::string text, int width, int maxLines) {
+    std::string lines;
+    for (; maxLines > 1; --maxLines) {
+        const int kept = getTruncateLen(font, text.c_str(), 0, width);
+        if (kept == 0)
+            break;
+        const size_t length = breakBefore(text, bytesOf(text, kept));
+        lines += text.substr(0, length) + "\n";
+        text.erase(0, length);
+    }
+    return lines + cut(font, text, width);
 }
 
 int drawWrapped(TTF_Font* font, SDL_Rect rect, std::string text, SDL_Color color, int maxLines) {

@@ -5,6 +5,7 @@
 #include "gfx/text.h"
 #include "hostkit/theme.h"
 #include "navora/look.h"
+#include "navora/place.h"
 #include "navora/words.h"
 #include "shell/skin.h"
 #include "system/language.h"
@@ -25,7 +26,10 @@ void Page::update() {
 }
 
 int Page::eventHandling() {
-    return handleInput();
+    const int code = handleInput();
+    if (code == loopQuit)
+        keepPlace();
+    return code;
 }
 
 int Page::draw() {
