@@ -9,6 +9,7 @@
 #include "navora/look.h"
 #include "navora/message.h"
 #include "navora/place.h"
+#include "navora/thumbnails.h"
 #include "navora/words.h"
 #include "shell/skin.h"
 #include "system/language.h"
@@ -38,6 +39,7 @@ static std::string within(const std::string& folder, const std::string& start) {
 GamesPage::GamesPage(Shell& shell, const std::string& folder, const std::string& start)
     : ListPage(shell, wordGames, makeList(folder, within(folder, start))), mFolder(folder) {
     stat(mFolder.c_str(), &mIdentity);
+    list().setImageLoader(loadInBackground());
 }
 
 GamesPage* GamesPage::reopened(Shell& shell, const std::string& folder, const cJSON* state) {

@@ -29,7 +29,7 @@ static hostkit::SessionOptions sessionOptions(const Options& options) {
 static bool runLauncher(const Options& options, hostkit::Session& screen) {
     applyTimeZone();
     startPrograms();
-    startPlace(options.shot.empty() ? "place.json" : "");
+    startPlace(options.shot.empty());
     ScriptedInput script(options.keys, options.shot, options.rotate);
     Shell shell{script};
     startGameRows(shell);

@@ -19,7 +19,7 @@
 namespace navora {
 
 static struct {
-    std::string file;
+    bool beyondEnd = false;
     std::string kept; // as saveWindowsState writes it
 } sPlace;
 
@@ -32,8 +32,10 @@ static std::string allOf(int file) {
     return content;
 }
 
-void startPlace(const std::string& file) {
-    sPlace = {file, ""};
+static constexpr const char* sFile = "place.json";
+
+void startPlace(bool beyondEnd) {
+    sPlace = {beyondEnd, ""};
     hostkit::setBeforeClose(keepPlace);
 }
 
@@ -45,8 +47,8 @@ void keepPlace() {
     saveWindowsState(*gWinList, ("/proc/self/fd/" + std::to_string(memory)).c_str());
     sPlace.kept = allOf(memory);
     close(memory);
-    if (!sPlace.file.empty() && !writeStateFile(sPlace.file, sPlace.kept))
-        tprintf("cannot write %s\n", sPlace.file.c_str());
+    if (sPlace.beyondEnd && !writeStateFile(sFile, sPlace.kept))
+        tprintf("cannot write %s\n", sFile);
 }
 
 std::string textOf(const cJSON* state, const char* name) {
@@ -105,8 +107,8 @@ static KestroWindow* pageOf(Shell& shell, const std::string& gamesFolder, const 
 
 static std::string keptText() {
     std::string text = sPlace.kept;
-    if (text.empty() && !sPlace.file.empty())
-        readSmallFile(stateFolder() + "/" + sPlace.file, text);
+    if (text.empty())
+        readSmallFile(stateFolder() + "/" + sFile, text);
     return text;
 }
 

@@ -13,9 +13,9 @@ namespace navora {
 /// Where the launcher stands: which pages are open, and where in each. A page tells it by saveState, in an
 /// object whose member "page" is its kind; windows without that are not opened again.
 
-/// Names the file of the state folder that keeps the place beyond the end of the launcher; "" for none. A
-/// close request keeps the place from now on.
-void startPlace(const std::string& file);
+/// From now on a close request keeps the place; with `beyondEnd`, what is kept outlasts the launcher, in the
+/// file place.json of the state folder.
+void startPlace(bool beyondEnd);
 
 /// Keeps the place of the loop that is running.
 void keepPlace();
