@@ -15,6 +15,7 @@ static constexpr int leaveLoop = 1003;
 static struct {
     std::atomic<bool> requested{false};
     bool queued = false; // the window that does it; main thread
+    void (*beforeClose)() = nullptr;
     SDL_threadID mainThread = 0;
 } sClose;
 
@@ -34,7 +35,11 @@ public:
             queueLeavingWindow();
     }
 
-    int eventHandling() override { return leaveLoop; }
+    int eventHandling() override {
+        if (sClose.beforeClose)
+            sClose.beforeClose();
+        return leaveLoop;
+    }
 
     /// What was seen before, for the one frame.
     int draw() override {
@@ -87,6 +92,10 @@ void requestClose() {
     SDL_Event event{};
     event.type = SDL_QUIT;
     SDL_PushEvent(&event);
+}
+
+void setBeforeClose(void (*leaving)()) {
+    sClose.beforeClose = leaving;
 }
 
 bool closeRequested() {

@@ -13,6 +13,10 @@ void watchForCloseRequests();
 /// answers a user event with its code.
 void requestClose();
 
+/// Calls `leaving` each time before a close request ends a loop, while its windows are all still there. Null,
+/// as at first, calls nothing. Main thread.
+void setBeforeClose(void (*leaving)());
+
 /// Whether requestClose was called. Any thread.
 bool closeRequested();
 

@@ -44,25 +44,25 @@ static void openTable() {
         tprintf("key table %s: %s, not shared\n", keyTableName().c_str(), strerror(gKeyTable.error()));
 }
 
-Session::Session(const SessionOptions& options) {
+Session::Session(const SessionOptions& options) : mRotate(options.rotate), mHidden(options.hidden) {
     initLogger(options.useSyslog);
-    if (options.hidden)
-        drawInSoftware();
-    if (!startLibraries(options.hidden) || !openScreen(options.rotate))
+    if (!startScreen())
         return;
     openTable();
     loadSettings(options);
     if (!loadSkin())
         return;
     InitPinYinMap();
-    if (options.hidden)
-        return;
-    initJoyStick();
-    startKeyTone();
+    startPadsAndSound();
 }
 
 Session::~Session() {
     forgetCloseRequest();
+    giveUpScreen();
+    gKeyTable.close();
+}
+
+void Session::giveUpScreen() {
     stopKeyTone();
     uninit_shared_skin();
     ScreenUninit();
@@ -70,7 +70,25 @@ Session::~Session() {
     TTF_Quit();
     IMG_Quit();
     SDL_Quit();
-    gKeyTable.close();
+}
+
+bool Session::takeBackScreen() {
+    if (isOpen() && startScreen() && loadSkin())
+        startPadsAndSound();
+    return isOpen();
+}
+
+bool Session::startScreen() {
+    if (mHidden)
+        drawInSoftware();
+    return startLibraries() && openScreen();
+}
+
+void Session::startPadsAndSound() {
+    if (mHidden)
+        return;
+    initJoyStick();
+    startKeyTone();
 }
 
 bool Session::fail(const std::string& problem) {
@@ -87,8 +105,8 @@ bool Session::findDisplay() {
     return fail(std::string("no display (") + (started ? "neither X nor Wayland" : SDL_GetError()) + ")");
 }
 
-bool Session::startLibraries(bool hidden) {
-    if (hidden)
+bool Session::startLibraries() {
+    if (mHidden)
         setenv("SDL_VIDEODRIVER", "dummy", 1);
     if (!findDisplay())
         return false;
@@ -97,13 +115,13 @@ bool Session::startLibraries(bool hidden) {
     return TTF_Init() == 0 || fail(std::string("cannot draw text: ") + TTF_GetError());
 }
 
-bool Session::openScreen(bool rotate) {
-    if (ScreenInit(screenWidth, screenHeight, 32, rotate))
+bool Session::openScreen() {
+    if (ScreenInit(screenWidth, screenHeight, 32, mRotate))
         return true;
     fprintf(stderr, "%s: no accelerated renderer (%s); trying the software renderer\n",
             program_invocation_short_name, SDL_GetError());
     drawInSoftware();
-    return ScreenInit(screenWidth, screenHeight, 32, rotate) ||
+    return ScreenInit(screenWidth, screenHeight, 32, mRotate) ||
            fail(std::string("cannot open the screen: ") + SDL_GetError());
 }
 

@@ -41,16 +41,27 @@ public:
     /// Whether it is not open for want of a display.
     bool lacksDisplay() const { return mLacksDisplay; }
 
+    /// Gives screen, pads and sound up, for another program to use: SDL is shut down whole. Everything that
+    /// was made for the screen is lost, so only while there are no windows and no loop.
+    void giveUpScreen();
+
+    /// Takes them back, in the theme in force. Returns isOpen(): the screen may be gone.
+    bool takeBackScreen();
+
 private:
+    const bool mRotate;
+    const bool mHidden;
     std::string mProblem;
     bool mLacksDisplay = false;
 
     bool fail(const std::string& problem);
-    bool startLibraries(bool hidden);
+    bool startScreen();
+    bool startLibraries();
     bool findDisplay();
-    bool openScreen(bool rotate);
+    bool openScreen();
     void loadSettings(const SessionOptions& options);
     bool loadSkin();
+    void startPadsAndSound();
 };
 
 } // namespace hostkit

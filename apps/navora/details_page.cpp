@@ -37,7 +37,15 @@ void DetailsPage::drawContent() {
     mCard.draw(sPicture, mEntry);
     int y = sFacts.y;
     y = drawFact(y, wordSize, describe(mEntry));
-    drawFact(y, wordChanged, dateText(mEntry.changed));
+    y = drawFact(y, wordChanged, dateText(mEntry.changed));
+    if (!mHint.empty())
+        drawWrapped(gListFontSubtxt, {sFacts.x, y, sFacts.w, 0}, mHint, gListColorSubtxt, 4);
+}
+
+void DetailsPage::saveState(cJSON* state) {
+    cJSON_AddStringToObject(state, "page", "details");
+    cJSON_AddStringToObject(state, "path", mEntry.path.c_str());
+    cJSON_AddStringToObject(state, "hint", mHint.c_str());
 }
 
 int DetailsPage::handleInput() {

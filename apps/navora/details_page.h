@@ -4,14 +4,21 @@
 #include "navora/page.h"
 #include "navora/picture_card.h"
 
+#include <string>
+#include <utility>
+
 namespace navora {
 
 /// One file, large, with what is known of it.
 class DetailsPage : public Page {
 public:
-    DetailsPage(Shell& shell, const Entry& entry) : Page(shell, -1), mEntry(entry) {}
+    /// `hint` stands below what is known; "" for none.
+    DetailsPage(Shell& shell, const Entry& entry, std::string hint = "")
+        : Page(shell, -1), mEntry(entry), mHint(std::move(hint)) {}
 
     const char* getTitle() override { return mEntry.name.c_str(); }
+
+    void saveState(cJSON* state) override;
 
 protected:
     void drawContent() override;
@@ -19,6 +26,7 @@ protected:
 
 private:
     Entry mEntry;
+    std::string mHint;
     PictureCard mCard;
 
     /// Draws a caption and its text below each other; returns where the next may begin.

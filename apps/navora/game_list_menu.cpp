@@ -1,7 +1,7 @@
 #include "navora/game_list_menu.h"
 
 #include "hostkit/files.h"
-#include "navora/game_rows.h"
+#include "navora/program.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -20,7 +20,7 @@ public:
 
     int dowork(void*) override {
         const std::string path = mPath;
-        return chooseGame(mShell, path);
+        return openGame(mShell, path);
     }
 
     int xdowork(void*) override {

@@ -1,11 +1,12 @@
 #include "navora/game_rows.h"
 
+#include "core/host.h"
 #include "core/window_stack.h"
 #include "hostkit/files.h"
 #include "navora/details_page.h"
-#include "navora/folder.h"
-#include "navora/game_lists.h"
+#include "navora/folder_reading.h"
 #include "navora/game_menu.h"
+#include "navora/program.h"
 
 namespace navora {
 
@@ -15,14 +16,8 @@ void showDetails(Shell& shell, const std::string& path) {
         add2PopupList(new DetailsPage(shell, entry));
 }
 
-int chooseGame(Shell& shell, const std::string& path) {
-    noteStarted(path);
-    showDetails(shell, path);
-    return loopIgnored;
-}
-
 void startGameRows(Shell& shell) {
-    hostkit::setFileChosen([&shell](const std::string& path) { return chooseGame(shell, path); });
+    hostkit::setFileChosen([&shell](const std::string& path) { return openGame(shell, path); });
     hostkit::setFileMenu([&shell](const std::string& path) {
         openGameMenu(shell, path, ListKind::folder);
         return loopIgnored;
@@ -30,3 +25,14 @@ void startGameRows(Shell& shell) {
 }
 
 } // namespace navora
+
+/// In place of the host kit's, to see how far the reading of a folder has come.
+TextMenuItem* file_handler(const char* name, const char* path, int kind) {
+    constexpr int folder = 102;
+    navora::FolderReading::entryRead();
+    if (!name || !path)
+        return nullptr;
+    if (kind == folder)
+        return hostkit::makeFolderRow(name, path);
+    return file_filter(name, path) ? hostkit::makeFileRow(name, path) : nullptr;
+}

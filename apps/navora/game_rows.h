@@ -6,12 +6,9 @@
 
 namespace navora {
 
-/// Lets the rows of files do what chooseGame does, and open the pop-up menu. `shell` outlives the window
+/// Lets the rows of files do what openGame does, and open the pop-up menu. `shell` outlives the window
 /// loop.
 void startGameRows(Shell& shell);
-
-/// What choosing a game does, in whatever list; returns the list's code.
-int chooseGame(Shell& shell, const std::string& path);
 
 /// Queues the page with the details of a file; does nothing for one that is not there.
 void showDetails(Shell& shell, const std::string& path);

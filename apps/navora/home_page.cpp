@@ -4,6 +4,8 @@
 #include "menu/text_menu.h"
 #include "navora/game_list_page.h"
 #include "navora/games_page.h"
+#include "navora/look.h"
+#include "navora/place.h"
 #include "navora/search_page.h"
 #include "navora/settings_page.h"
 #include "navora/words.h"
@@ -31,6 +33,15 @@ void HomePage::addRow(int word, const char* icon, int (*open)(void*)) {
     row->setLabelId(word); // follows the language
     row->setImagePath(icon);
     static_cast<TextMenu&>(list()).insertItem(static_cast<TextMenuItemProvider*>(row));
+}
+
+void HomePage::saveState(cJSON* state) {
+    cJSON_AddStringToObject(state, "page", "home");
+    savePosition(list(), state);
+}
+
+void HomePage::restore(const cJSON* state) {
+    restorePosition(list(), state);
 }
 
 int HomePage::openGames(void* page) {

@@ -12,6 +12,9 @@ public:
     /// `gamesFolder` is an absolute path.
     HomePage(Shell& shell, std::string gamesFolder);
 
+    void saveState(cJSON* state) override;
+    void restore(const cJSON* state);
+
 protected:
     int answer(int code) override;
 

@@ -1,5 +1,7 @@
 #include "navora/json_file.h"
 
+#include "navora/state_folder.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -14,22 +16,6 @@ namespace fs = std::filesystem;
 namespace navora {
 
 using FilePtr = std::unique_ptr<FILE, int (*)(FILE*)>;
-
-static std::string folderBelow(const char* name, const char* below) {
-    const char* const value = getenv(name);
-    return value && *value ? std::string(value) + below : "";
-}
-
-static std::string stateFolder() {
-    static constexpr const char* card = "/mnt/UDISK";
-    const std::string rooted = folderBelow("KESTRO_DEVICE_ROOT", "/mnt/UDISK/navora");
-    if (!rooted.empty())
-        return rooted;
-    if (access(card, W_OK) == 0)
-        return std::string(card) + "/navora";
-    const std::string data = folderBelow("XDG_DATA_HOME", "/navora");
-    return data.empty() ? folderBelow("HOME", "/.local/share/navora") : data;
-}
 
 std::string stateFile(const std::string& name) {
     return stateFolder() + "/" + name;

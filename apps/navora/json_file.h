@@ -12,9 +12,7 @@ struct DeleteJson {
 };
 using JsonPtr = std::unique_ptr<cJSON, DeleteJson>;
 
-/// Where the launcher keeps the file `name` of its own: in "/mnt/UDISK/navora" on the device or below the
-/// device root, if there is one; on any other machine in XDG_DATA_HOME/navora, which is
-/// ~/.local/share/navora if that is not set.
+/// The file `name` of the state folder.
 std::string stateFile(const std::string& name);
 
 /// What the JSON in a file says. Null for a file that is not there; also, after a line on standard error

@@ -41,6 +41,19 @@ static size_t breakBefore(const std::string& text, size_t end) {
     return space != std::string::npos && space > end / 2 ? space + 1 : end;
 }
 
+std::string wrapped(TTF_Font* font, std::string text, int width, int maxLines) {
+    std::string lines;
+    for (; maxLines > 1; --maxLines) {
+        const int kept = getTruncateLen(font, text.c_str(), 0, width);
+        if (kept == 0)
+            break;
+        const size_t length = breakBefore(text, bytesOf(text, kept));
+        lines += text.substr(0, length) + "\n";
+        text.erase(0, length);
+    }
+    return lines + cutToWidth(font, text, width);
+}
+
 int drawWrapped(TTF_Font* font, SDL_Rect rect, std::string text, SDL_Color color, int maxLines) {
     const int top = rect.y;
     rect.h = font ? TTF_FontLineSkip(font) : 0;

@@ -27,6 +27,10 @@ std::string cutToWidth(TTF_Font* font, const std::string& text, int width);
 /// Draws one line, cut to the width of `rect` with an ellipsis.
 void drawCut(TTF_Font* font, const SDL_Rect& rect, const std::string& text, SDL_Color color, int align);
 
+/// A text cut into at most `maxLines` lines of at most `width` pixels, apart by "\n", the last with an
+/// ellipsis if more is left.
+std::string wrapped(TTF_Font* font, std::string text, int width, int maxLines);
+
 /// Draws a text in lines of at most the width of `rect`, the last of `maxLines` with an ellipsis if more
 /// is left. Returns the height of what was drawn.
 int drawWrapped(TTF_Font* font, SDL_Rect rect, std::string text, SDL_Color color, int maxLines);

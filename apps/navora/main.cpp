@@ -5,6 +5,8 @@
 #include "navora/game_rows.h"
 #include "navora/home_page.h"
 #include "navora/options.h"
+#include "navora/place.h"
+#include "navora/program.h"
 #include "navora/run_folder.h"
 #include "navora/words.h"
 #include "services/wifi_monitor.h"
@@ -33,15 +35,25 @@ static void watchWifi(bool interactive) {
         g_wpa_msg = rx_get_wpa_msg();
 }
 
-static bool runLauncher(const Options& options) {
+static bool runLauncher(const Options& options, hostkit::Session& screen) {
     applyTimeZone();
+    startPrograms();
     watchWifi(options.shot.empty());
+    startPlace(options.shot.empty());
     ScriptedInput script(options.keys, options.shot, options.rotate);
     Shell shell{script};
     startGameRows(shell);
-    std::vector<KestroWindow*> windows{new HomePage(shell, options.folder)};
+    std::vector<KestroWindow*> windows;
+    if (options.keysGiven)
+        windows = {new HomePage(shell, options.folder)};
+    else
+        windows = windowsAsKept(shell, options.folder);
     runWindows(windows);
-    return !script.shotFailed();
+    while (programWaits() && runWaitingProgram(screen, shell)) {
+        windows = windowsAsKept(shell, options.folder);
+        runWindows(windows);
+    }
+    return screen.isOpen() && !script.shotFailed();
 }
 
 static bool run(Options options) {
@@ -52,9 +64,9 @@ static bool run(Options options) {
     const bool interactive = options.shot.empty();
     setKestroWindowFps(interactive ? 30 : 1000, interactive ? 60 : 1000);
     addWords();
-    const hostkit::Session session(sessionOptions(options));
+    hostkit::Session session(sessionOptions(options));
     if (session.isOpen())
-        return runLauncher(options);
+        return runLauncher(options, session);
     fprintf(stderr, "navora: %s%s\n", session.problem().c_str(),
             session.lacksDisplay() ? "; --shot FILE.png needs none" : "");
     return false;

@@ -21,6 +21,12 @@ Shows FOLDER, or the sample content, on a screen of 1280 x 720.
 Keys: the arrows move, SPACE is A, left CTRL is B, left SHIFT and ALT are X and Y, RETURN is start,
 right CTRL select, ESC the menu, TAB and BACKSPACE the shoulders.
 
+The launcher opens where it was left, save with --keys: then it opens on its first page. What is left behind
+by a run with --shot is not kept.
+
+The program that a file is started with is named in a navora.json: in the folder navora of the device or of
+XDG_DATA_HOME, in that of XDG_CONFIG_HOME, or in the one that comes with the launcher.
+
 The font, the skin and the sample content are in the folder of the environment variable NAVORA_HOME, if it
 is set, or where the build has put them.
 )";
@@ -49,7 +55,11 @@ struct Option {
 } // namespace
 
 static constexpr Option sOptions[] = {
-    {"--keys", true, [](Options& o, const std::string& value) { o.keys = splitKeys(value); }},
+    {"--keys", true,
+     [](Options& o, const std::string& value) {
+         o.keys = splitKeys(value);
+         o.keysGiven = true;
+     }},
     {"--shot", true, [](Options& o, const std::string& value) { o.shot = value; }},
     {"--theme", true, [](Options& o, const std::string& value) { o.theme = value; }},
     {"--lang", true, [](Options& o, const std::string& value) { o.language = value; }},

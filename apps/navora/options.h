@@ -14,6 +14,7 @@ struct Options {
     std::string theme;
     std::string language;
     std::string deviceRoot;
+    bool keysGiven = false;
     bool rotate = false;
     bool help = false;
     bool version = false;

@@ -5,6 +5,7 @@
 #include "hostkit/theme.h"
 #include "navora/clock.h"
 #include "navora/look.h"
+#include "navora/place.h"
 #include "navora/words.h"
 #include "shell/skin.h"
 #include "system/language.h"
@@ -61,7 +62,10 @@ void Page::update() {
 }
 
 int Page::eventHandling() {
-    return handleInput();
+    const int code = handleInput();
+    if (code == loopQuit)
+        keepPlace();
+    return code;
 }
 
 int Page::draw() {

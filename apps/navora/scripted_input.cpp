@@ -4,6 +4,7 @@
 #include "gfx/screen.h"
 #include "gfx/transform.h"
 #include "hostkit/close_request.h"
+#include "navora/thumbnails.h"
 
 #include <SDL_image.h>
 
@@ -60,6 +61,8 @@ void ScriptedInput::frameBegins() {
         const SDL_Scancode code = findKey(mKeys[mPressed++])->code;
         pushKey(code, SDL_KEYDOWN);
         pushKey(code, SDL_KEYUP);
+    } else if (picturesOnTheirWay()) {
+        mFramesSince = 0;
     } else if (!mShot.empty() && mShotState == pending && ++mFramesSince == 2) {
         takeShot(); // the first of the two frames has shown what the last key did
         hostkit::requestClose();

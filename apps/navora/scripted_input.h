@@ -25,7 +25,7 @@ public:
 private:
     std::vector<std::string> mKeys;
     size_t mPressed = 0;
-    int mFramesSince = 0; // begun after the last key
+    int mFramesSince = 0; // begun after the last key, with all pictures there
     std::string mShot;
     bool mRotated;
     enum { pending, written, failed } mShotState = pending;

@@ -6,6 +6,7 @@
 #include "hostkit/settings.h"
 #include "hostkit/theme.h"
 #include "navora/clock.h"
+#include "navora/place.h"
 #include "navora/theme.h"
 #include "navora/words.h"
 #include "system/clock_settings.h"
@@ -54,6 +55,17 @@ SettingsPage::SettingsPage(Shell& shell)
 
 SettingsPage::~SettingsPage() {
     setList(nullptr); // its rows use what goes next
+}
+
+SettingsPage* SettingsPage::reopened(Shell& shell, const cJSON* state) {
+    auto* const page = new SettingsPage(shell);
+    restorePosition(page->list(), state);
+    return page;
+}
+
+void SettingsPage::saveState(cJSON* state) {
+    cJSON_AddStringToObject(state, "page", "settings");
+    savePosition(list(), state);
 }
 
 void SettingsPage::quit() {

@@ -16,7 +16,11 @@ public:
     explicit SettingsPage(Shell& shell);
     ~SettingsPage() override;
 
+    /// As it was kept by saveState. The caller owns it.
+    static SettingsPage* reopened(Shell& shell, const cJSON* state);
+
     void quit() override;
+    void saveState(cJSON* state) override;
 
 protected:
     void themeChanged() override;

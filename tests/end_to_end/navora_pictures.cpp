@@ -42,6 +42,21 @@ TEST_F(NavoraThumbnailTest, APictureThatCannotBeReadShowsNone) {
               gamesShot(without.path()).part(layout::thumbnail));
 }
 
+TEST_F(NavoraThumbnailTest, IsThatOfTheRowUnderTheCursorHoweverManyWereFlownOver) {
+    constexpr int count = 40;
+    for (int i = 0; i < count; ++i) {
+        const bool isLast = i == count - 1;
+        mFolder.addPicture(std::to_string(100 + i) + ".png", isLast ? 600 : 1500, 1500, isLast ? red : 0);
+    }
+    std::string keys;
+    for (int i = 1; i < count; ++i)
+        keys += "down,";
+    const Picture last = gamesShot(mFolder.path(), keys + "x");
+    EXPECT_TRUE(isRed(middle(last, layout::thumbnail)));
+    EXPECT_FALSE(isRed(middle(gamesShot(mFolder.path(), keys + "up"), layout::thumbnail)));
+    EXPECT_EQ(gamesShot(mFolder.path(), keys + "up,down"), last);
+}
+
 class NavoraDetailsTest : public NavoraTest {};
 
 TEST_F(NavoraDetailsTest, AShowsAFileLargeAndBReturnsToTheList) {
