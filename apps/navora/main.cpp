@@ -2,10 +2,12 @@
 #include "core/window_stack.h"
 #include "hostkit/session.h"
 #include "navora/clock.h"
+#include "navora/device_panel.h"
 #include "navora/game_rows.h"
 #include "navora/home_page.h"
 #include "navora/options.h"
 #include "navora/run_folder.h"
+#include "navora/wifi_status.h"
 #include "navora/words.h"
 
 #include <cstdio>
@@ -26,7 +28,10 @@ static hostkit::SessionOptions sessionOptions(const Options& options) {
 
 static bool runLauncher(const Options& options) {
     applyTimeZone();
-    ScriptedInput script(options.keys, options.shot, options.rotate);
+    const bool interactive = options.shot.empty();
+    const WifiStatus wifi(interactive);
+    const DevicePanel panel(options.devicePanel);
+    ScriptedInput script(options.keys, options.shot);
     Shell shell{script};
     startGameRows(shell);
     std::vector<KestroWindow*> windows{new HomePage(shell, options.folder)};
@@ -39,6 +44,8 @@ static bool run(Options options) {
         return false;
     if (!options.deviceRoot.empty())
         setenv("KESTRO_DEVICE_ROOT", options.deviceRoot.c_str(), 1);
+    if (options.devicePanel && simulatedRoot().empty())
+        throw UsageError("--device-panel needs --device-root");
     const bool interactive = options.shot.empty();
     setKestroWindowFps(interactive ? 30 : 1000, interactive ? 60 : 1000);
     addWords();

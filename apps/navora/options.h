@@ -15,6 +15,7 @@ struct Options {
     std::string language;
     std::string deviceRoot;
     bool rotate = false;
+    bool devicePanel = false;
     bool help = false;
     bool version = false;
 };

@@ -4,6 +4,7 @@
 #include "gfx/fill.h"
 #include "gfx/text.h"
 #include "hostkit/theme.h"
+#include "navora/device_panel.h"
 #include "navora/look.h"
 #include "navora/words.h"
 #include "shell/skin.h"
@@ -35,6 +36,7 @@ int Page::draw() {
             3);
     drawContent();
     drawHints();
+    drawDevicePanel();
     return 0;
 }
 
