@@ -36,15 +36,20 @@ static void loadTheme() {
     ++sTheme.number;
 }
 
-void useTheme(const std::string& folder, const std::string& forThisRun) {
+static void setTheme(const std::string& folder, const std::string& forThisRun) {
     const std::string chosen = withSlash(folder);
     sTheme.folder = forThisRun.empty() ? chosen : withSlash(forThisRun);
     sTheme.chosen = chosen;
     showTheme();
 }
 
+void useTheme(const std::string& folder, const std::string& forThisRun) {
+    sTheme.reloads = 0; // no page has seen any
+    setTheme(folder, forThisRun);
+}
+
 void changeTheme(const std::string& folder) {
-    useTheme(folder);
+    setTheme(folder, "");
     loadTheme();
 }
 
