@@ -14,6 +14,7 @@ add_library(kestro-hostkit STATIC
   hostkit/menu_window.cpp
   hostkit/pads.cpp
   hostkit/presented_pad.cpp
+  hostkit/rotation.cpp
   hostkit/session.cpp
   hostkit/set_key_shm.cpp
   hostkit/settings.cpp

@@ -9,6 +9,7 @@
 #include "hostkit/key_tone.h"
 #include "hostkit/menu_window.h"
 #include "hostkit/pads.h"
+#include "hostkit/rotation.h"
 #include "hostkit/session.h"
 #include "hostkit/settings.h"
 #include "hostkit/theme.h"

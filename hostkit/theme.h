@@ -13,6 +13,10 @@ void useTheme(const std::string& folder, const std::string& forThisRun = "");
 /// texts of the old theme are forgotten. Lists take it over by refresh().
 void changeTheme(const std::string& folder);
 
+/// Loads the theme in force anew, as changeTheme does, for pictures that went down with the screen.
+/// gThemePath then names the same folder in other words.
+void reloadTheme();
+
 /// The folder in force, ending in "/"; "" for the default theme.
 const std::string& themeFolder();
 
@@ -20,7 +24,7 @@ const std::string& themeFolder();
 /// until the theme changes.
 const char* savedTheme();
 
-/// Grows with every changeTheme, so that a page can tell whether it shows the theme in force.
+/// Grows with every changeTheme and reloadTheme, so that a page can tell whether it shows the theme in force.
 int themeNumber();
 
 } // namespace hostkit

@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# What ./run, ./test and .ci/run need from Debian, and how it gets there. Sourced, not run.
+# What ./run, ./test, .ci/run and tools/contact-sheet need from Debian, and how it gets there. Sourced, not run.
 
 packages_to_run=(
   g++ cmake ninja-build pkg-config
@@ -8,6 +8,7 @@ packages_to_run=(
 )
 # Besides those above.
 packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 xvfb xauth xdotool)
+packages_for_contact_sheet=(imagemagick) # only that tool
 packages_to_check=(clang-format shellcheck valgrind)
 
 on_debian() {
@@ -19,6 +20,7 @@ present_elsewhere() {
   case $1 in
     ninja-build) command -v ninja >/dev/null ;;
     xvfb) command -v Xvfb >/dev/null ;;
+    imagemagick) command -v montage >/dev/null ;;
     libsdl2-dev) pkg-config --exists sdl2 ;;
     libsdl2-ttf-dev) pkg-config --exists SDL2_ttf ;;
     libsdl2-image-dev) pkg-config --exists SDL2_image ;;

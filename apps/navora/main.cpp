@@ -2,14 +2,15 @@
 #include "core/window_stack.h"
 #include "hostkit/session.h"
 #include "navora/clock.h"
+#include "navora/device_panel.h"
 #include "navora/game_rows.h"
 #include "navora/home_page.h"
 #include "navora/options.h"
 #include "navora/place.h"
 #include "navora/program.h"
 #include "navora/run_folder.h"
+#include "navora/wifi_status.h"
 #include "navora/words.h"
-#include "services/wifi_monitor.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,20 +28,14 @@ static hostkit::SessionOptions sessionOptions(const Options& options) {
     return session;
 }
 
-static void watchWifi(bool interactive) {
-    constexpr int station = 2;
-    if (interactive)
-        rx_wifi_monitor_start();
-    else if (getWifiMode() == station) // one picture does not wait for the monitor
-        g_wpa_msg = rx_get_wpa_msg();
-}
-
 static bool runLauncher(const Options& options, hostkit::Session& screen) {
     applyTimeZone();
+    const bool interactive = options.shot.empty();
+    const WifiStatus wifi(interactive);
+    const DevicePanel panel(options.devicePanel);
     startPrograms();
-    watchWifi(options.shot.empty());
-    startPlace(options.shot.empty());
-    ScriptedInput script(options.keys, options.shot, options.rotate);
+    startPlace(interactive);
+    ScriptedInput script(options.keys, options.shot);
     Shell shell{script};
     startGameRows(shell);
     std::vector<KestroWindow*> windows;
@@ -61,6 +56,8 @@ static bool run(Options options) {
         return false;
     if (!options.deviceRoot.empty())
         setenv("KESTRO_DEVICE_ROOT", options.deviceRoot.c_str(), 1);
+    if (options.devicePanel && simulatedRoot().empty())
+        throw UsageError("--device-panel needs --device-root");
     const bool interactive = options.shot.empty();
     setKestroWindowFps(interactive ? 30 : 1000, interactive ? 60 : 1000);
     addWords();

@@ -9,17 +9,19 @@ const char* const helpText = R"(Usage: navora [OPTIONS] [FOLDER]
 Shows FOLDER, or the sample content, on a screen of 1280 x 720.
 
   --keys NAMES       press these keys first, one a frame: a list like "down,down,a" of up, down, left,
-                     right, a, b, x, y, start, select, menu, l and r
+                     right, a, b, x, y, start, select, menu, l, r and f1 to f12
   --shot FILE.png    after the keys, write a picture of the screen and end; needs no display
   --rotate           as on a display that is mounted on its side
   --theme DIR        take skin pictures from there in this run, whatever the settings say
   --lang FILE        the language file of this run, such as ch.lang, whatever the settings say
   --device-root DIR  a folder that stands for the device's root
+  --device-panel     show from the start what the function keys change on the device, as F1 does
   --version          print the version
   --help             print this text
 
 Keys: the arrows move, SPACE is A, left CTRL is B, left SHIFT and ALT are X and Y, RETURN is start,
-right CTRL select, ESC the menu, TAB and BACKSPACE the shoulders.
+right CTRL select, ESC the menu, TAB and BACKSPACE the shoulders. With a folder for the device's root,
+F1 shows what the other function keys change on it.
 
 The launcher opens where it was left, save with --keys: then it opens on its first page. What is left behind
 by a run with --shot is not kept.
@@ -65,6 +67,7 @@ static constexpr Option sOptions[] = {
     {"--lang", true, [](Options& o, const std::string& value) { o.language = value; }},
     {"--device-root", true, [](Options& o, const std::string& value) { o.deviceRoot = value; }},
     {"--rotate", false, [](Options& o, const std::string&) { o.rotate = true; }},
+    {"--device-panel", false, [](Options& o, const std::string&) { o.devicePanel = true; }},
     {"--version", false, [](Options& o, const std::string&) { o.version = true; }},
     {"--help", false, [](Options& o, const std::string&) { o.help = true; }},
 };

@@ -16,6 +16,7 @@ struct Options {
     std::string deviceRoot;
     bool keysGiven = false;
     bool rotate = false;
+    bool devicePanel = false;
     bool help = false;
     bool version = false;
 };

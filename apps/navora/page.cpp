@@ -4,6 +4,7 @@
 #include "gfx/text.h"
 #include "hostkit/theme.h"
 #include "navora/clock.h"
+#include "navora/device_panel.h"
 #include "navora/look.h"
 #include "navora/place.h"
 #include "navora/words.h"
@@ -74,6 +75,7 @@ int Page::draw() {
     drawClock(drawTopBar(getTitle()));
     drawContent();
     drawStatBar(0);
+    drawDevicePanel();
     return 0;
 }
 

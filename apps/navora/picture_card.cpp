@@ -3,6 +3,7 @@
 #include "gfx/fill.h"
 #include "gfx/image.h"
 #include "hostkit/files.h"
+#include "hostkit/theme.h"
 #include "navora/look.h"
 
 namespace navora {
@@ -35,7 +36,8 @@ static void drawPaperShape(const SDL_Rect& rect) {
 }
 
 void PictureCard::draw(const SDL_Rect& rect, const Entry& entry) {
-    if (mPath != entry.path) {
+    if (mPath != entry.path || mThemeNumber != hostkit::themeNumber()) {
+        mThemeNumber = hostkit::themeNumber(); // the picture may have gone down with the screen
         const std::string picture = entry.isFolder ? "" : hostkit::thumbnailOf(entry.path);
         mPath = entry.path;
         mPicture.reset(picture.empty() ? nullptr

@@ -28,7 +28,11 @@ static constexpr Key sKeys[] = {
     {"right", SDL_SCANCODE_RIGHT}, {"a", SDL_SCANCODE_SPACE},      {"b", SDL_SCANCODE_LCTRL},
     {"x", SDL_SCANCODE_LSHIFT},    {"y", SDL_SCANCODE_LALT},       {"start", SDL_SCANCODE_RETURN},
     {"l", SDL_SCANCODE_TAB},       {"select", SDL_SCANCODE_RCTRL}, {"menu", SDL_SCANCODE_ESCAPE},
-    {"r", SDL_SCANCODE_BACKSPACE},
+    {"r", SDL_SCANCODE_BACKSPACE}, {"f1", SDL_SCANCODE_F1},        {"f2", SDL_SCANCODE_F2},
+    {"f3", SDL_SCANCODE_F3},       {"f4", SDL_SCANCODE_F4},        {"f5", SDL_SCANCODE_F5},
+    {"f6", SDL_SCANCODE_F6},       {"f7", SDL_SCANCODE_F7},        {"f8", SDL_SCANCODE_F8},
+    {"f9", SDL_SCANCODE_F9},       {"f10", SDL_SCANCODE_F10},      {"f11", SDL_SCANCODE_F11},
+    {"f12", SDL_SCANCODE_F12},
 };
 
 static const Key* findKey(const std::string& name) {
@@ -51,8 +55,8 @@ static void pushKey(SDL_Scancode code, Uint32 type) {
     SDL_PushEvent(&event);
 }
 
-ScriptedInput::ScriptedInput(std::vector<std::string> keys, std::string shot, bool rotated)
-    : mKeys(std::move(keys)), mShot(std::move(shot)), mRotated(rotated) {}
+ScriptedInput::ScriptedInput(std::vector<std::string> keys, std::string shot)
+    : mKeys(std::move(keys)), mShot(std::move(shot)) {}
 
 void ScriptedInput::frameBegins() {
     if (!gPopupList.empty())
@@ -72,7 +76,7 @@ void ScriptedInput::frameBegins() {
 void ScriptedInput::takeShot() {
     mShotState = failed;
     std::unique_ptr<KestroSurface> picture(ScreenSnapshot());
-    if (mRotated)
+    if (picture && picture->getHeight() > picture->getWidth()) // on a display that is mounted on its side
         picture.reset(RotateSurface(picture.get(), 90));
     const auto* const copy = dynamic_cast<SDL2KestroSurface*>(picture.get());
     SDL_Surface* const opaque =

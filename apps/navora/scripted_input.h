@@ -12,9 +12,8 @@ bool isKeyName(const std::string& name);
 /// picture is wanted, writes it and leaves the window loop.
 class ScriptedInput {
 public:
-    /// `shot` is the picture's path, empty for none. With `rotated`, the frames lie on their side and are
-    /// turned upright for it.
-    ScriptedInput(std::vector<std::string> keys, std::string shot, bool rotated);
+    /// `shot` is the picture's path, empty for none. Frames that lie on their side are turned upright for it.
+    ScriptedInput(std::vector<std::string> keys, std::string shot);
 
     /// Called by the active window at the start of every frame.
     void frameBegins();
@@ -27,7 +26,6 @@ private:
     size_t mPressed = 0;
     int mFramesSince = 0; // begun after the last key, with all pictures there
     std::string mShot;
-    bool mRotated;
     enum { pending, written, failed } mShotState = pending;
 
     void takeShot();

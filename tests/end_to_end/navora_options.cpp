@@ -23,9 +23,9 @@ TEST_F(NavoraOptionsTest, HelpNamesEveryOptionAndKey) {
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_EQ(run.output.rfind("Usage: navora [OPTIONS] [FOLDER]\n", 0), 0u) << run.output;
-    for (const char* word :
-         {"--keys", "--shot", "--rotate", "--theme", "--lang", "--device-root", "--version", "--help",
-          "up, down", "left", "right", "start", "select", "menu", "NAVORA_HOME"})
+    for (const char* word : {"--keys", "--shot", "--rotate", "--theme", "--lang", "--device-root",
+                             "--device-panel", "--version", "--help", "f1 to f12", "F1 shows", "up, down",
+                             "left", "right", "start", "select", "menu", "NAVORA_HOME"})
         EXPECT_THAT(run.output, HasSubstr(word));
 }
 

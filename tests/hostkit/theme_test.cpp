@@ -6,6 +6,9 @@
 #include "shell/skin.h"
 #include "support/skin_files_test.h"
 
+#include <filesystem>
+#include <set>
+
 class ThemeTest : public SkinFilesTest {
 protected:
     void TearDown() override {
@@ -52,6 +55,46 @@ TEST_F(ThemeTest, AChangeLoadsTheSkinAnewAndForgetsTheIcons) {
     EXPECT_EQ(gThemePath, folder() + "/other/");
     EXPECT_EQ(gIconVideo->getWidth(), width + 30);
     EXPECT_EQ(hostkit::themeNumber(), number + 2);
+    takeLog();
+    uninit_shared_skin();
+}
+
+TEST_F(ThemeTest, AReloadBringsTheSameThemeAnew) {
+    writePictures("./", 10);
+    writePictures("other/", 40);
+    hostkit::useTheme("", folder() + "/other");
+    init_shared_skin();
+    const int number = hostkit::themeNumber();
+    const int width = gIconVideo->getWidth();
+    const KestroSurface* const icon = getIconFromCache("skin/ic-folder.png");
+    ASSERT_NE(icon, nullptr);
+    EXPECT_EQ(gIconCache.get("skin/ic-folder.png"), icon);
+    takeLog();
+
+    hostkit::reloadTheme();
+    EXPECT_EQ(gIconCache.get("skin/ic-folder.png"), nullptr);
+    EXPECT_EQ(gIconVideo->getWidth(), width);
+    EXPECT_EQ(hostkit::themeNumber(), number + 1);
+    EXPECT_EQ(hostkit::themeFolder(), folder() + "/other/");
+    EXPECT_EQ(hostkit::savedTheme(), nullptr);
+    takeLog();
+    uninit_shared_skin();
+}
+
+TEST_F(ThemeTest, EveryReloadSpellsTheThemesPathAnew) {
+    writePictures("other/", 40);
+    hostkit::useTheme(folder() + "/other");
+    std::set<std::string> spellings{gThemePath};
+    for (int i = 0; i < 8; ++i) {
+        hostkit::reloadTheme();
+        EXPECT_TRUE(std::filesystem::equivalent(gThemePath, folder() + "/other")) << gThemePath;
+        EXPECT_TRUE(spellings.insert(gThemePath).second) << gThemePath;
+    }
+    hostkit::changeTheme(folder());
+    hostkit::changeTheme(folder() + "/other");
+    EXPECT_NE(gThemePath, folder() + "/other/") << "a list that has seen no reload would keep its pictures";
+    hostkit::useTheme(folder() + "/other");
+    EXPECT_EQ(gThemePath, folder() + "/other/");
     takeLog();
     uninit_shared_skin();
 }

@@ -1,0 +1,253 @@
+#include "end_to_end/window_run.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+
+namespace fs = std::filesystem;
+
+static const std::string sSample = NAVORA_RUN_FOLDER "/sample";
+static constexpr SDL_Rect sPanel{656, 90, 584, 552};
+
+/// A device as tools/device makes it.
+class ToolDevice {
+public:
+    ToolDevice() { change("init"); }
+
+    const std::string& path() const { return mFolder.path(); }
+    SampleFolder& folder() { return mFolder; }
+
+    void change(const std::string& command) const {
+        const std::string call = NAVORA_SOURCES "/tools/device --root " + path() + " " + command;
+        EXPECT_EQ(system(call.c_str()), 0) << command;
+    }
+
+    /// Every file of it, by its name, but those that a launcher writes by itself: the Wi-Fi client's scratch
+    /// file, and the colours of the display.
+    std::map<std::string, std::string> files() const {
+        std::map<std::string, std::string> all;
+        const auto isLaunchers = [](const std::string& name) {
+            return name == "tmp/wpa_status.txt" || name.rfind("sys/devices/virtual/disp/", 0) == 0;
+        };
+        for (const auto& entry : fs::recursive_directory_iterator(path())) {
+            const std::string name = entry.path().lexically_relative(path());
+            std::ifstream file(entry.path(), std::ios::binary);
+            if (entry.is_regular_file() && !isLaunchers(name))
+                all[name] = {std::istreambuf_iterator<char>(file), {}};
+        }
+        return all;
+    }
+
+private:
+    SampleFolder mFolder;
+};
+
+class NavoraDeviceTest : public NavoraOnX {
+protected:
+    Picture deviceShot(const ToolDevice& device, const std::string& keys = "",
+                       std::vector<std::string> options = {}) {
+        options.insert(options.end(), {"--device-root", device.path()});
+        return shot(sSample, keys, options).without(layout::clock);
+    }
+
+    /// That the keys change the first of two new devices as the commands change the second.
+    void expectSame(const std::string& keys, const std::vector<std::string>& commands) {
+        const ToolDevice byKeys;
+        const ToolDevice byCommands;
+        deviceShot(byKeys, keys);
+        for (const std::string& command : commands)
+            byCommands.change(command);
+        EXPECT_EQ(byKeys.files(), byCommands.files()) << keys;
+    }
+};
+
+TEST_F(NavoraDeviceTest, F1ShowsAndHidesThePanelOverThePage) {
+    const ToolDevice device;
+    const Picture plain = deviceShot(device);
+    const Picture panel = deviceShot(device, "f1");
+    EXPECT_NE(panel.part(sPanel), plain.part(sPanel));
+    EXPECT_EQ(panel.without(sPanel), plain.without(sPanel));
+    EXPECT_EQ(deviceShot(device, "f1,f1"), plain);
+    EXPECT_EQ(deviceShot(device, "a,f1,b"), panel);
+    EXPECT_EQ(deviceShot(device, "f1,down").without(sPanel), deviceShot(device, "down").without(sPanel));
+}
+
+TEST_F(NavoraDeviceTest, TheOptionShowsThePanelFromTheStart) {
+    const ToolDevice device;
+    EXPECT_EQ(deviceShot(device, "", {"--device-panel"}), deviceShot(device, "f1"));
+    EXPECT_EQ(deviceShot(device, "f1", {"--device-panel"}), deviceShot(device));
+}
+
+TEST_F(NavoraDeviceTest, ThePanelTellsWhatIsOnTheDevice) {
+    const ToolDevice device;
+    Picture before = deviceShot(device, "f1");
+    for (const char* command : {"battery 7", "charger on", "wifi connected 1", "wifi connecting",
+                                "wifi hotspot", "wifi off", "bluetooth on", "headphones on"}) {
+        device.change(command);
+        const Picture after = deviceShot(device, "f1");
+        EXPECT_NE(after.part(sPanel), before.part(sPanel)) << command;
+        before = after;
+    }
+}
+
+TEST_F(NavoraDeviceTest, ThePanelFollowsItsKeysAtOnce) {
+    for (const char* key : {"f2", "f3", "f4", "f5", "f6", "f7", "f8"}) {
+        const ToolDevice device;
+        const Picture followed = deviceShot(device, std::string("f1,") + key).part(sPanel);
+        EXPECT_EQ(followed, deviceShot(device, "f1").part(sPanel)) << key;
+        EXPECT_NE(followed, deviceShot(ToolDevice(), "f1").part(sPanel)) << key;
+    }
+}
+
+TEST_F(NavoraDeviceTest, TheKeysChangeTheDeviceAsTheCommandsDo) {
+    expectSame("f2", {"battery 75"});
+    expectSame("f3,f3", {"battery 90"});
+    expectSame("f3,f3,f3,f3,f3", {"battery 100"});
+    expectSame("f4", {"charger on"});
+    expectSame("f4,f4", {"charger on", "charger off"});
+    expectSame("f5", {"wifi hotspot"});
+    expectSame("f5,f5", {"wifi off"});
+    expectSame("f5,f5,f5", {"wifi scanning"});
+    expectSame("f5,f5,f5,f5", {"wifi connecting"});
+    expectSame("f5,f5,f5,f5,f5", {"wifi connected"});
+    expectSame("f6", {"wifi connected 1"});
+    expectSame("f6,f6", {"wifi connected 2"});
+    expectSame("f5,f6,f6,f6", {"wifi connected 3"});
+    expectSame("f7", {"bluetooth on"});
+    expectSame("f8", {"headphones on"});
+    expectSame("f7,f8,f7,f8", {"bluetooth on", "bluetooth off", "headphones off"});
+    expectSame("f9", {"swap-ab on"});
+    expectSame("f9,f9", {"swap-ab off"});
+    expectSame("f11", {"rotation 1"});
+    expectSame("f11,f11", {"rotation 0"});
+    expectSame("f10,f10,f10,f10,f10,f10", {"language en"}); // once around the six
+    expectSame("f1,f12,up,down", {});
+}
+
+TEST_F(NavoraDeviceTest, TheBatteryGoesInStepsOfFiveAndNoFurtherThanItsEnds) {
+    const ToolDevice device;
+    const auto capacity = [&] { return device.files()["sys/class/power_supply/axp2202-battery/capacity"]; };
+    device.change("battery 7");
+    deviceShot(device, "f2");
+    EXPECT_EQ(capacity(), "5\n");
+    deviceShot(device, "f2,f2,f2");
+    EXPECT_EQ(capacity(), "0\n");
+    device.change("battery 7");
+    deviceShot(device, "f3");
+    EXPECT_EQ(capacity(), "10\n");
+}
+
+TEST_F(NavoraDeviceTest, TheButtonsAreSwappedWhileItRuns) {
+    const ToolDevice device;
+    const Picture swapped = deviceShot(device, "f9");
+    EXPECT_EQ(swapped, deviceShot(device)); // which begins with what F9 has left
+    EXPECT_NE(swapped.part(layout::hints), deviceShot(ToolDevice()).part(layout::hints));
+    EXPECT_EQ(deviceShot(device, "b,down"), deviceShot(ToolDevice(), "f9,b,down"));
+}
+
+TEST_F(NavoraDeviceTest, TheLanguageChangesWhileItRuns) {
+    const ToolDevice device;
+    const Picture english = deviceShot(device);
+    const Picture next = deviceShot(device, "f10");
+    EXPECT_NE(rowText(next, 0), rowText(english, 0));
+    EXPECT_EQ(next, deviceShot(device));
+}
+
+TEST_F(NavoraDeviceTest, TheScreenIsTurnedWhileItRuns) {
+    const ToolDevice device;
+    const auto games = [&](const std::string& keys, std::vector<std::string> options = {}) {
+        options.insert(options.end(), {"--device-root", device.path()});
+        return shot(sSample, keys, options);
+    };
+    constexpr SDL_Rect top{0, 0, 1280, 719};
+    constexpr SDL_Rect bottom{0, 1, 1280, 719}; // the first row lies beyond the display's edge
+    const Picture upright = games("a,down,down,down");
+    EXPECT_EQ(games("a,down,down,down,f11").part(top), upright.part(bottom));
+    EXPECT_EQ(games("f11,a,down,down,down").part(top), upright.part(bottom));
+    EXPECT_EQ(games("a,down,down,down,f11,f11"), upright);
+    EXPECT_EQ(games("a,down,down,down,f11", {"--rotate"}), upright);
+}
+
+TEST_F(NavoraDeviceTest, NoPageLosesItsPicturesWhenTheScreenIsTurned) {
+    const ToolDevice device;
+    for (const auto& [before, after] : {std::pair("down", ""),
+                                        {"down,a,down", ""},
+                                        {"down,a,down", ",b"},
+                                        {"a,down,down,a", ""},
+                                        {"a,down,down,a", ",b"},
+                                        {"a,down,down,a", ",b,b"}}) {
+        const std::string keys = before;
+        EXPECT_EQ(deviceShot(device, keys + ",f11,f11" + after), deviceShot(device, keys + after))
+            << keys + after;
+    }
+}
+
+TEST_F(NavoraDeviceTest, SettingsThatAreNoneStayAsTheyAre) {
+    ToolDevice device;
+    device.folder().addFile("mnt/UDISK/system.json", "nonsense");
+    const auto before = device.files();
+    EXPECT_EQ(deviceShot(device, "f9,f10"), deviceShot(device));
+    EXPECT_EQ(device.files(), before);
+}
+
+TEST_F(NavoraDeviceTest, OnARealDeviceThereIsNoPanelAndNoKey) {
+    const auto real = [&](const std::string& keys, const std::vector<std::string>& options = {}) {
+        std::vector<std::string> command{NAVORA, "--shot", mResults.path("real.png"), "--keys", keys};
+        command.insert(command.end(), options.begin(), options.end());
+        auto launcher =
+            std::make_unique<Process>(command, std::vector<std::string>{"KESTRO_DEVICE_ROOT="}, "");
+        launcher->wait();
+        return launcher;
+    };
+    real("f12");
+    const Picture plain = readPicture(mResults.path("real.png"));
+    ASSERT_EQ(plain.width, 1280);
+    real("f1,f2,f4,f9,f10,f11");
+    EXPECT_EQ(readPicture(mResults.path("real.png")).without(layout::clock), plain.without(layout::clock));
+    const auto refused = real("", {"--device-panel"});
+    EXPECT_EQ(refused->wait(), 2);
+    EXPECT_EQ(refused->errors(), "navora: --device-panel needs --device-root; navora --help tells more\n");
+}
+
+TEST_F(NavoraDeviceTest, TheKeyboardsFunctionKeysWorkInTheWindow) {
+    const ToolDevice device;
+    const XDisplay display("1280x720");
+    const auto navora = start(display, {"--device-root", device.path()});
+    const Picture plain = deviceShot(device);
+    EXPECT_TRUE(comesToShow(display, plain));
+    EXPECT_EQ(display.press("F1"), 0);
+    EXPECT_TRUE(comesToShow(display, deviceShot(device, "f1")));
+    EXPECT_EQ(display.press("F2"), 0);
+    const auto battery = [&] { return device.files()["sys/class/power_supply/axp2202-battery/capacity"]; };
+    EXPECT_TRUE(eventually([&] { return battery() == "75\n"; }));
+    EXPECT_TRUE(comesToShow(display, deviceShot(device, "f1")));
+    EXPECT_EQ(display.press("F1"), 0);
+    EXPECT_TRUE(comesToShow(display, plain));
+    navora->signal(SIGTERM);
+    EXPECT_EQ(navora->wait(), 0) << navora->errors();
+}
+
+TEST_F(NavoraDeviceTest, WhatOthersChangeOnTheDeviceIsFollowed) {
+    const ToolDevice device;
+    const XDisplay display("1280x720");
+    const auto navora = start(display, {"--device-root", device.path(), "--device-panel"});
+    const auto follows = [&](const std::string& command) {
+        device.change(command);
+        return comesToShow(display, deviceShot(device, "", {"--device-panel"}));
+    };
+    EXPECT_TRUE(comesToShow(display, deviceShot(device, "f1")));
+    EXPECT_TRUE(follows("battery 7"));
+    EXPECT_TRUE(follows("language ch"));
+    EXPECT_TRUE(follows("swap-ab on"));
+    const Picture upright = deviceShot(device, "f1");
+    device.change("rotation 1");
+    EXPECT_TRUE(eventually([&] { return !looksLike(display.capture(), upright, 100); }));
+    device.change("rotation 0");
+    EXPECT_TRUE(comesToShow(display, upright));
+    EXPECT_EQ(display.press("Down"), 0); // the new window has the keyboard
+    EXPECT_TRUE(comesToShow(display, deviceShot(device, "f1,down")));
+    navora->signal(SIGTERM);
+    EXPECT_EQ(navora->wait(), 0) << navora->errors();
+}
