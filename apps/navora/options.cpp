@@ -19,7 +19,11 @@ Shows FOLDER, or the sample content, on a screen of 1280 x 720.
   --help             print this text
 
 Keys: the arrows move, SPACE is A, left CTRL is B, left SHIFT and ALT are X and Y, RETURN is start,
-right CTRL select, ESC the menu, TAB and BACKSPACE the shoulders.
+right CTRL select, ESC the menu, TAB and BACKSPACE the shoulders. X on
+a game opens a menu: favourite, details and so on. The right shoulder on the home page opens the search.
+
+Favourites and the games played of late are kept in mnt/UDISK/navora/games.json below the device's root; on a
+machine without it, in navora/games.json below XDG_DATA_HOME or ~/.local/share.
 
 The font, the skin and the sample content are in the folder of the environment variable NAVORA_HOME, if it
 is set, or where the build has put them.
