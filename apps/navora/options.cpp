@@ -20,14 +20,18 @@ Shows FOLDER, or the sample content, on a screen of 1280 x 720.
   --help             print this text
 
 Keys: the arrows move, SPACE is A, left CTRL is B, left SHIFT and ALT are X and Y, RETURN is start,
-right CTRL select, ESC the menu, TAB and BACKSPACE the shoulders. With a folder for the device's root,
-F1 shows what the other function keys change on it.
+right CTRL select, ESC the menu, TAB and BACKSPACE the shoulders. X on a game opens a menu: favourite, details
+and so on. The right shoulder on the home page opens the search. With a folder for the device's root, F1 shows
+what the other function keys change on it.
 
 The launcher opens where it was left, save with --keys: then it opens on its first page. What is left behind
 by a run with --shot is not kept.
 
-The program that a file is started with is named in a navora.json: in the folder navora of the device or of
-XDG_DATA_HOME, in that of XDG_CONFIG_HOME, or in the one that comes with the launcher.
+Favourites and the games played of late are kept in mnt/UDISK/navora/games.json below the device's root; on a
+machine without it, in navora/games.json below XDG_DATA_HOME or ~/.local/share.
+
+The program that a file is started with is named in a navora.json: in that same folder, in navora below
+XDG_CONFIG_HOME, or in the one that comes with the launcher.
 
 The font, the skin and the sample content are in the folder of the environment variable NAVORA_HOME, if it
 is set, or where the build has put them.

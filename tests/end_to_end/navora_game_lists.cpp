@@ -163,8 +163,8 @@ protected:
 };
 
 TEST_F(StateFileTest, IsBelowTheDeviceRootElseAmongTheUsersData) {
-    setenv("KESTRO_DEVICE_ROOT", "/root/of/device", 1);
-    EXPECT_EQ(stateFile("a.json"), "/root/of/device/mnt/UDISK/navora/a.json");
+    setenv("KESTRO_DEVICE_ROOT", "/device", 1);
+    EXPECT_EQ(stateFile("a.json"), "/device/mnt/UDISK/navora/a.json");
     if (std::filesystem::exists("/mnt/UDISK"))
         GTEST_SKIP() << "this machine is a device";
     setenv("KESTRO_DEVICE_ROOT", "", 1);

@@ -27,6 +27,7 @@ protected:
     void TearDown() override {
         hostkit::setFileExtensions({});
         hostkit::setFileChosen(nullptr);
+        hostkit::setFileMenu(nullptr);
         hostkit::gKeyTable.close();
         hostkit::removeKeyTable(hostkit::keyTableName());
         ScreenTest::TearDown();
@@ -159,9 +160,27 @@ TEST_F(FilesTest, TheHostMayDeleteTheRowThatWasChosen) {
     EXPECT_EQ(chosen, "/x/one with a long path, longer than a short string");
 }
 
+TEST_F(FilesTest, TheThirdFaceButtonOnAFileAsksTheHostForItsMenu) {
+    Row one;
+    std::string opened;
+    hostkit::setFileChosen([](const std::string&) { return 1; });
+    hostkit::setFileMenu([&](const std::string& path) {
+        one.reset();
+        opened = path;
+        return 9;
+    });
+    one = row("one", "/x/one with a long path, longer than a short string", file);
+    EXPECT_EQ(one->getAction()->dowork(one.get()), 1);
+    EXPECT_EQ(one->getAction()->xdowork(one.get()), 9);
+    EXPECT_EQ(opened, "/x/one with a long path, longer than a short string");
+    const Row in = row("in", "/x/in", folderKind);
+    EXPECT_EQ(in->getAction()->xdowork(in.get()), 0);
+}
+
 TEST_F(FilesTest, WithoutAHostToAskFileRowsDoNothing) {
     const Row one = row("one", "/x/one", file);
     EXPECT_EQ(one->getAction()->dowork(one.get()), 0);
+    EXPECT_EQ(one->getAction()->xdowork(one.get()), 0);
 }
 
 TEST_F(FilesTest, ABrowserShowsTheWayUpThenFoldersThenFilesAndWalksThroughThem) {
