@@ -27,7 +27,7 @@ static std::string upperExtension(const Entry& entry) {
     return extension.empty() ? extension : extension.substr(1);
 }
 
-static std::string sizeText(long long bytes) {
+std::string sizeText(long long bytes) {
     if (bytes < 1000)
         return std::to_string(bytes) + " bytes";
     static const char* const units[] = {"kB", "MB", "GB", "TB"};

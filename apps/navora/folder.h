@@ -17,6 +17,9 @@ struct Entry {
 /// Looks at one file or folder. False for anything else, and for what is not there.
 bool readEntry(const std::string& path, Entry& entry);
 
+/// A size like "24 kB", with two digits at least from 1000 bytes on.
+std::string sizeText(long long bytes);
+
 /// "Folder", or like "PNG, 24 kB".
 std::string describe(const Entry& entry);
 

@@ -4,6 +4,7 @@
 #include "core/window_stack.h"
 #include "core/window_state.h"
 #include "hostkit/close_request.h"
+#include "navora/about_page.h"
 #include "navora/details_page.h"
 #include "navora/games_page.h"
 #include "navora/home_page.h"
@@ -100,6 +101,8 @@ static KestroWindow* pageOf(Shell& shell, const std::string& gamesFolder, const 
         return GamesPage::reopened(shell, gamesFolder, state);
     if (kind == "settings")
         return SettingsPage::reopened(shell, state);
+    if (kind == "about")
+        return new AboutPage(shell);
     if (kind == "details" && readEntry(textOf(state, "path"), entry))
         return new DetailsPage(shell, entry, textOf(state, "hint"));
     return nullptr;

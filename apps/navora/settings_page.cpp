@@ -1,10 +1,12 @@
 #include "navora/settings_page.h"
 
 #include "core/host.h"
+#include "core/window_stack.h"
 #include "gfx/image.h"
 #include "hostkit/key_tone.h"
 #include "hostkit/settings.h"
 #include "hostkit/theme.h"
+#include "navora/about_page.h"
 #include "navora/clock.h"
 #include "navora/place.h"
 #include "navora/theme.h"
@@ -47,8 +49,13 @@ struct SettingsPage::Pictures {
     Picture off = load("skin/set-off.png");
 };
 
-SettingsPage::SettingsPage(Shell& shell)
-    : ListPage(shell, wordSettings, std::make_unique<SettingMenu>()),
+static int titleOf(SettingsPage::Part part) {
+    static constexpr int titles[] = {wordSettings, wordDisplay, wordSound, wordDateAndTime, wordDevice};
+    return titles[part];
+}
+
+SettingsPage::SettingsPage(Shell& shell, Part part)
+    : ListPage(shell, titleOf(part), std::make_unique<SettingMenu>()), mPart(part),
       mPictures(std::make_unique<Pictures>()) {
     addRows();
 }
@@ -58,13 +65,16 @@ SettingsPage::~SettingsPage() {
 }
 
 SettingsPage* SettingsPage::reopened(Shell& shell, const cJSON* state) {
-    auto* const page = new SettingsPage(shell);
+    const int part =
+        std::clamp(numberOf(state, "part", overview), static_cast<int>(overview), static_cast<int>(device));
+    auto* const page = new SettingsPage(shell, static_cast<Part>(part));
     restorePosition(page->list(), state);
     return page;
 }
 
 void SettingsPage::saveState(cJSON* state) {
     cJSON_AddStringToObject(state, "page", "settings");
+    cJSON_AddNumberToObject(state, "part", mPart);
     savePosition(list(), state);
 }
 
@@ -85,12 +95,40 @@ void SettingsPage::themeChanged() {
     menu().restorePos(cursor, first, last);
 }
 
+/// Only what leads to another page can be confirmed.
 void SettingsPage::addRows() {
+    static constexpr void (SettingsPage::*addPart[])() = {
+        &SettingsPage::addPartLinks, &SettingsPage::addScreenRows, &SettingsPage::addSoundRows,
+        &SettingsPage::addClockRows, &SettingsPage::addDeviceRows};
+    (this->*addPart[mPart])();
+}
+
+template <SettingsPage::Part part>
+int SettingsPage::openPart(void* page) {
+    add2PopupList(new SettingsPage(static_cast<SettingsPage*>(page)->shell(), part));
+    return loopIgnored;
+}
+
+int SettingsPage::openAbout(void* page) {
+    add2PopupList(new AboutPage(static_cast<SettingsPage*>(page)->shell()));
+    return loopIgnored;
+}
+
+void SettingsPage::addPartLinks() {
     addLookRows();
-    addScreenRows();
-    addSoundRows();
-    addClockRows();
-    addDeviceRows();
+    addLink(wordDisplay, openPart<display>);
+    addLink(wordSound, openPart<sound>);
+    addLink(wordDateAndTime, openPart<clock>);
+    addLink(wordDevice, openPart<device>);
+    addLink(wordAbout, openAbout);
+}
+
+void SettingsPage::addLink(int word, int (*open)(void* page)) {
+    const Pictures& p = *mPictures;
+    auto* const row =
+        new SettingItem(p.selected.get(), p.normal.get(), word, nullptr, new GeneralAction(open, this));
+    row->setRightIcon(p.rightNormal.get());
+    menu().insertSettingItem(row);
 }
 
 void SettingsPage::addLookRows() {
@@ -115,11 +153,20 @@ void SettingsPage::addLookRows() {
         });
 }
 
+static std::string dimTimeText(int seconds) {
+    if (seconds == 0)
+        return getLangStr(wordNever);
+    return seconds % 60 == 0 ? counted(wordMinutes, seconds / 60) : counted(wordSeconds, seconds);
+}
+
 void SettingsPage::addScreenRows() {
     addTableValue(wordBrightness, brightnessIndex, {0, 10, 1, false});
     addValue(wordContrast, {1, 10, 1, false}, getContrast, setContrast);
     addValue(wordSaturation, {0, 10, 1, false}, getSaturation, setSaturation);
     addValue(wordColorTemperature, {0, 20, 1, false}, getColorTemperature, setColorTemperature);
+    addValue(
+        wordDimAfter, {0, 600, 30, true}, [] { return GetKeyShm(gShmInfo, dimTimeIndex); },
+        [](int seconds) { SetKeyShm(gShmInfo, dimTimeIndex, seconds); }, dimTimeText);
 }
 
 void SettingsPage::addSoundRows() {
@@ -135,7 +182,6 @@ void SettingsPage::addSoundRows() {
             gEnableKeyTone = on;
             hostkit::applyKeyToneVolume();
         });
-    addTableSwitch(wordSwapAB, swapIndex);
 }
 
 void SettingsPage::addClockRows() {
@@ -155,20 +201,12 @@ void SettingsPage::addClockRows() {
         [](int index) { return timeZones()[static_cast<size_t>(index)]; });
 }
 
-static std::string dimTimeText(int seconds) {
-    if (seconds == 0)
-        return getLangStr(wordNever);
-    return seconds % 60 == 0 ? counted(wordMinutes, seconds / 60) : counted(wordSeconds, seconds);
-}
-
 void SettingsPage::addDeviceRows() {
-    addValue(
-        wordDimAfter, {0, 600, 30, true}, [] { return GetKeyShm(gShmInfo, dimTimeIndex); },
-        [](int seconds) { SetKeyShm(gShmInfo, dimTimeIndex, seconds); }, dimTimeText);
     addTableSwitch(wordLed, ledIndex);
     addTableValue(wordRumble, rumbleIndex, {0, 5, 1, false});
     addTableSwitch(wordWifi, wifiIndex);
     addTableSwitch(wordBluetooth, bluetoothIndex);
+    addTableSwitch(wordSwapAB, swapIndex);
 }
 
 void SettingsPage::addValue(int word, SteppedValue::Range range, std::function<int()> get,

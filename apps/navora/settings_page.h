@@ -9,11 +9,13 @@
 
 namespace navora {
 
-/// What the settings file stores, to be looked at and changed. A change shows at once, and is written when
-/// the page is left.
+/// What the settings file stores, to be looked at and changed: one part of it, or the page that leads to the
+/// parts. A change shows at once, and is written when the page is left.
 class SettingsPage : public ListPage {
 public:
-    explicit SettingsPage(Shell& shell);
+    enum Part { overview, display, sound, clock, device };
+
+    explicit SettingsPage(Shell& shell, Part part = overview);
     ~SettingsPage() override;
 
     /// As it was kept by saveState. The caller owns it.
@@ -28,11 +30,12 @@ protected:
 private:
     struct Pictures;
 
+    const Part mPart;
     std::unique_ptr<Pictures> mPictures;
     std::vector<std::unique_ptr<ValueHandler>> mValues;
     std::vector<std::unique_ptr<SwitchHandler>> mSwitches;
 
-    SettingMenu& menu() { return static_cast<SettingMenu&>(list()); }
+    SettingMenu& menu() const { return static_cast<SettingMenu&>(list()); }
     void addRows();
     void addLookRows();
     void addScreenRows();
@@ -44,6 +47,13 @@ private:
     void addTableValue(int word, int index, SteppedValue::Range range);
     void addSwitch(int word, std::function<bool()> get, std::function<void(bool)> set);
     void addTableSwitch(int word, int index);
+    void addLink(int word, int (*open)(void* page));
+    void addPartLinks();
+
+    /// Opens the page of a part.
+    template <Part part>
+    static int openPart(void* page);
+    static int openAbout(void* page);
 };
 
 } // namespace navora

@@ -53,8 +53,12 @@ protected:
     SampleFolder mDevice;
 };
 
-static constexpr int swapRow = 8;
-static constexpr int rowCount = 16;
+static constexpr int rowCount = 7;
+
+// From the settings page to rows of the pages below it.
+static constexpr const char* sBrightness = "down,down,a,";
+static constexpr const char* sClockForm = "down,down,down,down,a,";
+static constexpr const char* sSwap = "down,down,down,down,down,a,up,";
 
 TEST_F(NavoraSettingsTest, DownAndUpMoveTheCursorAndWrap) {
     EXPECT_EQ(cursorRow(settingsShot()), 0);
@@ -104,7 +108,7 @@ TEST_F(NavoraSettingsTest, TheLanguageOfTheCommandLineWins) {
 }
 
 TEST_F(NavoraSettingsTest, TheLanguageOfTheCommandLineIsForThatRunOnly) {
-    settingsShot("down,down,right", {"--lang", "ch.lang"});
+    settingsShot(sBrightness + std::string("right"), {"--lang", "ch.lang"});
     EXPECT_EQ(saved("language"), "en.lang");
     EXPECT_EQ(saved("brightness"), "7");
     mDevice.addFile("mnt/UDISK/system.json", R"({"language": "es.lang"})");
@@ -124,22 +128,22 @@ TEST_F(NavoraSettingsTest, TheLanguageOfTheCommandLineIsSavedOnceTheOwnerChooses
 }
 
 TEST_F(NavoraSettingsTest, AChangedNumberIsSavedAndStays) {
-    const Picture changed = settingsShot("down,down,right");
+    const Picture changed = settingsShot(sBrightness + std::string("right"));
     EXPECT_EQ(saved("brightness"), "7");
-    EXPECT_EQ(settingsShot("down,down"), changed);
-    EXPECT_NE(settingsShot("down,down,left,left"), changed);
+    EXPECT_EQ(settingsShot("down,down,a"), changed);
+    EXPECT_NE(settingsShot(sBrightness + std::string("left,left")), changed);
     EXPECT_EQ(saved("brightness"), "5");
 }
 
 TEST_F(NavoraSettingsTest, ANumberStopsAtItsEnds) {
-    settingsShot("down,down,right,right,right,right,right");
+    settingsShot(sBrightness + std::string("right,right,right,right,right"));
     EXPECT_EQ(saved("brightness"), "10");
-    settingsShot("down,down,left,left,left,left,left,left,left,left,left,left,left");
+    settingsShot(sBrightness + std::string("left,left,left,left,left,left,left,left,left,left,left"));
     EXPECT_EQ(saved("brightness"), "0");
 }
 
 TEST_F(NavoraSettingsTest, ASwitchIsSavedAndStays) {
-    const std::string clockRow = downTo(swapRow + 1);
+    const std::string clockRow = sClockForm;
     const Picture off = settingsShot(clockRow + "a");
     EXPECT_EQ(saved("24hourclock"), "0");
     EXPECT_EQ(settingsShot(clockRow + "up,down"), off);
@@ -195,7 +199,7 @@ TEST_F(NavoraSettingsTest, TheThemeOfTheCommandLineWins) {
 
 TEST_F(NavoraSettingsTest, TheThemeOfTheCommandLineIsForThatRunOnly) {
     const std::vector<std::string> ownTheme = {"--theme", mFolder.path()};
-    settingsShot("down,down,right", ownTheme);
+    settingsShot(sBrightness + std::string("right"), ownTheme);
     EXPECT_EQ(saved("theme"), "");
     EXPECT_EQ(saved("brightness"), "7");
     settingsShot("down,right");
@@ -231,11 +235,63 @@ TEST_F(NavoraSettingsTest, AThemeOfTheListIsFoundInItByAnyPath) {
         << "the default theme comes after it";
 }
 
+TEST_F(NavoraSettingsTest, EveryPartHasAPageOfItsOwn) {
+    const Picture overview = settingsShot();
+    std::vector<Picture> titles{overview.part(layout::title)};
+    for (int row = 2; row < rowCount; ++row) {
+        const Picture page = settingsShot(downTo(row) + "a");
+        for (const Picture& other : titles)
+            EXPECT_NE(page.part(layout::title), other) << row;
+        titles.push_back(page.part(layout::title));
+        for (const char* back : {"b", "b,a,b"})
+            EXPECT_EQ(settingsShot(downTo(row) + "a," + back), settingsShot(downTo(row) + "left")) << row;
+        EXPECT_NE(settingsShot(downTo(row) + "a", {"--lang", "ch.lang"}).part(layout::title), titles.back());
+    }
+}
+
+TEST_F(NavoraSettingsTest, OnlyWhatLeadsFurtherCanBeOpened) {
+    const Picture value = settingsShot("down");
+    const Picture link = settingsShot("down,down");
+    EXPECT_NE(link.part(layout::hints), value.part(layout::hints));
+    EXPECT_EQ(settingsShot("down,a"), value);
+    EXPECT_EQ(settingsShot("down,down,left,right"), link);
+}
+
+class NavoraAboutTest : public NavoraSettingsTest {
+protected:
+    Picture about(const std::vector<std::string>& moreOptions = {}) {
+        return settingsShot("up,a", moreOptions);
+    }
+
+    static constexpr SDL_Rect sVersion{560, 176, 680, 48};
+    static constexpr SDL_Rect sBattery{560, 282, 680, 48};
+    static constexpr SDL_Rect sFreeSpace{560, 388, 680, 48};
+    static constexpr SDL_Rect sLicence{560, 494, 680, 48};
+};
+
+TEST_F(NavoraAboutTest, TellsWhatThereIsToKnow) {
+    const Picture page = about();
+    for (const SDL_Rect& fact : {sVersion, sFreeSpace, sLicence})
+        EXPECT_GT(page.part(fact).colors(), 20) << fact.y;
+    EXPECT_NE(about({"--lang", "ch.lang"}).part({560, 140, 680, 36}), page.part({560, 140, 680, 36}));
+    EXPECT_EQ(settingsShot("up,a,menu"), settingsShot("up"));
+}
+
+TEST_F(NavoraAboutTest, TheBatteryIsThatOfTheDevice) {
+    const Picture none = about().part(sBattery);
+    mDevice.addFolder("sys/class/power_supply/axp2202-battery");
+    mDevice.addFile("sys/class/power_supply/axp2202-battery/capacity", "42\n");
+    const Picture some = about().part(sBattery);
+    EXPECT_NE(some, none);
+    mDevice.addFile("sys/class/power_supply/axp2202-battery/status", "Charging\n");
+    EXPECT_NE(about().part(sBattery), some);
+}
+
 TEST_F(NavoraSettingsTest, WithAAndBSwappedBConfirmsAndAGoesBack) {
     mFolder.addFile("one.txt");
     const Picture games = deviceShot("a");
     const Picture details = deviceShot("a,a");
-    settingsShot(downTo(swapRow) + "a");
+    settingsShot(std::string(sSwap) + "a");
     EXPECT_EQ(saved("bconfirm"), "1");
     EXPECT_EQ(deviceShot("b").part(layout::list), games.part(layout::list));
     EXPECT_NE(deviceShot("b").part(layout::hints), games.part(layout::hints));
@@ -248,9 +304,9 @@ TEST_F(NavoraSettingsTest, WithAAndBSwappedBConfirmsAndAGoesBack) {
 }
 
 TEST_F(NavoraSettingsTest, TheSwapOfAAndBCountsFromTheNextKeyOn) {
-    settingsShot(downTo(swapRow) + "a,b");
+    settingsShot(std::string(sSwap) + "a,b");
     EXPECT_EQ(saved("bconfirm"), "0");
-    const Picture home = settingsShot(downTo(swapRow) + "a,a");
+    const Picture home = settingsShot(std::string(sSwap) + "a,a,a");
     EXPECT_EQ(saved("bconfirm"), "1");
     EXPECT_EQ(home.part(layout::title), deviceShot("up").part(layout::title));
 }
