@@ -4,7 +4,6 @@
 #include "menu/text_menu.h"
 #include "navora/floating.h"
 #include "navora/game_lists.h"
-#include "navora/game_rows.h"
 #include "navora/program.h"
 #include "navora/words.h"
 

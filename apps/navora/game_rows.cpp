@@ -1,20 +1,12 @@
 #include "navora/game_rows.h"
 
 #include "core/host.h"
-#include "core/window_stack.h"
 #include "hostkit/files.h"
-#include "navora/details_page.h"
 #include "navora/folder_reading.h"
 #include "navora/game_menu.h"
 #include "navora/program.h"
 
 namespace navora {
-
-void showDetails(Shell& shell, const std::string& path) {
-    Entry entry;
-    if (readEntry(path, entry))
-        add2PopupList(new DetailsPage(shell, entry));
-}
 
 void startGameRows(Shell& shell) {
     hostkit::setFileChosen([&shell](const std::string& path) { return openGame(shell, path); });

@@ -10,7 +10,4 @@ namespace navora {
 /// loop.
 void startGameRows(Shell& shell);
 
-/// Queues the page with the details of a file; does nothing for one that is not there.
-void showDetails(Shell& shell, const std::string& path);
-
 } // namespace navora

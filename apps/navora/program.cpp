@@ -47,6 +47,13 @@ static std::string hintFor(const Entry& entry) {
                : std::string(getLangStr(wordNoProgram)) + " " + fs::path(entry.name).extension().string();
 }
 
+void showDetails(Shell& shell, const std::string& path) {
+    Entry entry;
+    if (readEntry(path, entry))
+        add2PopupList(
+            new DetailsPage(shell, entry, sProgram.programs.commandFor(path).empty() ? hintFor(entry) : ""));
+}
+
 int openGame(Shell& shell, const std::string& path) {
     Entry entry;
     if (!readEntry(path, entry))
@@ -54,7 +61,7 @@ int openGame(Shell& shell, const std::string& path) {
     const auto command = sProgram.programs.commandFor(path);
     if (command.empty()) {
         noteStarted(path);
-        add2PopupList(new DetailsPage(shell, entry, hintFor(entry)));
+        showDetails(shell, path);
         return loopIgnored;
     }
     if (!hasProgram(command.front()))

@@ -15,6 +15,9 @@ void startPrograms();
 /// of a program or a file that is missing. Returns the loop code.
 int openGame(Shell& shell, const std::string& path);
 
+/// Queues the page with the details of a file; does nothing for one that is not there.
+void showDetails(Shell& shell, const std::string& path);
+
 /// Whether openGame has left the loop for a program.
 bool programWaits();
 

@@ -51,7 +51,7 @@ TEST_F(NavoraThumbnailTest, IsThatOfTheRowUnderTheCursorHoweverManyWereFlownOver
     std::string keys;
     for (int i = 1; i < count; ++i)
         keys += "down,";
-    const Picture last = gamesShot(mFolder.path(), keys + "x");
+    const Picture last = gamesShot(mFolder.path(), keys + "l");
     EXPECT_TRUE(isRed(middle(last, layout::thumbnail)));
     EXPECT_FALSE(isRed(middle(gamesShot(mFolder.path(), keys + "up"), layout::thumbnail)));
     EXPECT_EQ(gamesShot(mFolder.path(), keys + "up,down"), last);

@@ -49,12 +49,10 @@ protected:
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_EQ(run.errors, "");
         mOutput = run.output;
-        return readPicture(file);
+        return readPicture(file).without(layout::clock);
     }
 
-    Picture openedHome() { return opened().without(layout::clock); }
-
-    Picture home() { return deviceShot("").without(layout::clock); }
+    Picture home() { return deviceShot(""); }
 
     SampleFolder mDevice;
     std::string mOutput;
@@ -94,7 +92,7 @@ TEST_F(NavoraPlaceTest, ARunWithAPictureLeavesNone) {
     setScript(":");
     deviceShot(std::string(sDeep) + ",a");
     EXPECT_FALSE(hasPlace());
-    EXPECT_EQ(openedHome(), home());
+    EXPECT_EQ(opened(), home());
 }
 
 TEST_F(NavoraPlaceTest, LeavingFromTheHomePageIsKeptToo) {
@@ -102,7 +100,7 @@ TEST_F(NavoraPlaceTest, LeavingFromTheHomePageIsKeptToo) {
                                              mFolder.path()};
     EXPECT_EQ(runNavora(arguments, {"SDL_VIDEODRIVER=dummy"}).exitCode, 0);
     EXPECT_TRUE(hasPlace());
-    EXPECT_EQ(openedHome(), deviceShot("down").without(layout::clock));
+    EXPECT_EQ(opened(), deviceShot("down"));
 }
 
 TEST_F(NavoraPlaceTest, TheDetailsAndTheSettingsAreOpenedAgain) {
@@ -111,8 +109,8 @@ TEST_F(NavoraPlaceTest, TheDetailsAndTheSettingsAreOpenedAgain) {
         R"({"list": [{"page": "home"}, {"page": "details", "path": ")" + mFolder.path("a.txt") + "\"}]}";
     setPlace(details);
     EXPECT_EQ(opened().part(layout::facts), deviceShot("a,down,a").part(layout::facts));
-    setPlace(R"({"list": [{"page": "home", "cursor": 1}, {"page": "settings", "cursor": 2, "first": 0}]})");
-    EXPECT_EQ(opened(), deviceShot("down,a,down,down"));
+    setPlace(R"({"list": [{"page": "home", "cursor": 4}, {"page": "settings", "cursor": 2, "first": 0}]})");
+    EXPECT_EQ(opened(), deviceShot("up,a,down,down"));
 }
 
 TEST_F(NavoraPlaceTest, AMalformedOneIsPassedOverWithALineInTheLog) {
@@ -125,7 +123,7 @@ TEST_F(NavoraPlaceTest, AMalformedOneIsPassedOverWithALineInTheLog) {
     };
     for (const auto& [text, line] : texts) {
         setPlace(text);
-        EXPECT_EQ(openedHome(), first) << text;
+        EXPECT_EQ(opened(), first) << text;
         EXPECT_THAT(mOutput, HasSubstr(line));
     }
 }
@@ -138,7 +136,7 @@ TEST_F(NavoraPlaceTest, NonsenseInsideDoesNoHarm) {
           R"({"page": "games", "base": "/", "folder": "/etc"})", R"({"page": "home", "cursor": -7})",
           R"({"page": "home", "cursor": 0, "first": 99, "row": "no such"})"}) {
         setPlace(R"({"list": [)" + std::string(pages) + "]}");
-        EXPECT_EQ(openedHome(), first) << pages;
+        EXPECT_EQ(opened(), first) << pages;
         EXPECT_THAT(mOutput, Not(HasSubstr("place ignored")));
     }
     for (const std::string folder : {"/etc", "..", "", "/sub/../..", "/sub/deeper/0.rom", "sub"}) {

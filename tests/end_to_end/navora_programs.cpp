@@ -169,7 +169,6 @@ TEST_F(NavoraProgramsTest, AMalformedFileIsToldAndTheShippedOneIsUsed) {
 
 TEST_F(NavoraProgramsTest, TheUsersOwnFoldersAreLookedInToo) {
     SampleFolder home;
-    SampleFolder bareDevice; // without a disk
     mFolder.addFile("a.rom");
     home.addFolder("config/navora");
     home.addFolder("data/navora");
@@ -177,9 +176,11 @@ TEST_F(NavoraProgramsTest, TheUsersOwnFoldersAreLookedInToo) {
         const std::string programs = R"({"programs": {"rom": ["sh", "-c", "echo )" + mark +
                                      R"( > $1", "%f", ")" + mResults.path("mark") + "\"]}}";
         home.addFile(mark + "/navora/navora.json", programs);
-        runNavora({"--shot", mResults.path("a.png"), "--keys", "a,a", "--device-root", bareDevice.path(),
-                   mFolder.path()},
-                  {"XDG_CONFIG_HOME=" + home.path("config"), "XDG_DATA_HOME=" + home.path("data")});
+        Process({NAVORA, "--shot", mResults.path("a.png"), "--keys", "a,a", mFolder.path()},
+                {"KESTRO_DEVICE_ROOT=", "XDG_CONFIG_HOME=" + home.path("config"),
+                 "XDG_DATA_HOME=" + home.path("data")},
+                "")
+            .wait();
         return result("mark");
     };
     EXPECT_EQ(run("config"), "config\n");

@@ -252,7 +252,6 @@ TEST_F(NavoraSettingsTest, EveryPartHasAPageOfItsOwn) {
 TEST_F(NavoraSettingsTest, OnlyWhatLeadsFurtherCanBeOpened) {
     const Picture value = settingsShot("down");
     const Picture link = settingsShot("down,down");
-    EXPECT_NE(link.part(layout::hints), value.part(layout::hints));
     EXPECT_EQ(settingsShot("down,a"), value);
     EXPECT_EQ(settingsShot("down,down,left,right"), link);
 }
