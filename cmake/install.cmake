@@ -1,5 +1,6 @@
 # `cmake --install` gives a host what it builds against: the shared library, the host kit, the public headers,
-# kestro.pc and kestro-hostkit.pc for pkg-config, and a CMake package; and the command kestro-keys.
+# kestro.pc and kestro-hostkit.pc for pkg-config, and a CMake package; the command
+# kestro-keys; and the launcher with all that it shows.
 include(CMakePackageConfigHelpers)
 
 # kestro.h is the list of the library's public headers, hostkit.h that of the host kit's.
@@ -47,3 +48,12 @@ install(FILES
 install(EXPORT KestroTargets NAMESPACE Kestro:: DESTINATION ${package_folder})
 
 install(FILES LICENSE NOTICE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# The launcher, which finds the library and what it shows from where it lies itself.
+if(KESTRO_APPS)
+  file(RELATIVE_PATH library_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(navora PROPERTIES INSTALL_RPATH "$ORIGIN/${library_from_bin}")
+  install(TARGETS navora RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  install(DIRECTORY assets/lang assets/sample assets/skin assets/themes DESTINATION ${CMAKE_INSTALL_DATADIR}/navora)
+  install(FILES assets/navora.json ${KESTRO_RUN_FOLDER}/regular.ttf DESTINATION ${CMAKE_INSTALL_DATADIR}/navora)
+endif()

@@ -2,6 +2,7 @@
 
 #include "hostkit/files.h"
 #include "navora/program.h"
+#include "navora/thumbnails.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -48,7 +49,10 @@ static std::unique_ptr<TextMenuItem> makeRow(Shell& shell, const std::string& pa
 
 GameListMenu::GameListMenu(Shell& shell, ListKind kind, const char* selectedBackground,
                            const char* normalBackground)
-    : TextMenuDrawer(selectedBackground, normalBackground, rowsOnPage, 0), mShell(shell), mKind(kind) {}
+    : TextMenuDrawer(selectedBackground, normalBackground, rowsOnPage, 0), mShell(shell), mKind(kind) {
+    if (kind != ListKind::search)
+        setImageLoader(loadInBackground());
+}
 
 void GameListMenu::setPaths(std::vector<std::string> paths) {
     mPaths = std::move(paths);

@@ -7,11 +7,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <unistd.h>
-
-namespace fs = std::filesystem;
 
 namespace navora {
 
@@ -65,34 +60,12 @@ JsonPtr readJson(const std::string& path) {
     return root;
 }
 
-/// Makes a renamed file's new name durable too.
-static void syncFolder(const fs::path& folder) {
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    fsync(descriptor);
-    close(descriptor);
-}
-
-static bool writeWhole(const std::string& path, const char* text) {
-    FilePtr file(fopen(path.c_str(), "w"), fclose);
-    const bool written =
-        file && fputs(text, file.get()) >= 0 && fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0;
-    return file && fclose(file.release()) == 0 && written;
-}
-
 bool writeJson(const std::string& path, const cJSON* root) {
-    const std::string beside = path + ".new";
-    const fs::path folder = fs::path(path).parent_path();
-    std::error_code ignored; // what follows fails too, and tells
-    fs::create_directories(folder, ignored);
     const std::unique_ptr<char, void (*)(void*)> text(cJSON_Print(root), cJSON_free);
-    if (!text || !writeWhole(beside, text.get()) || rename(beside.c_str(), path.c_str()) != 0) {
-        complain(path, (std::string("cannot be written: ") + strerror(errno)).c_str());
-        return false;
-    }
-    syncFolder(folder);
-    return true;
+    if (text && writeDurably(path, text.get()))
+        return true;
+    complain(path, (std::string("cannot be written: ") + strerror(errno)).c_str());
+    return false;
 }
 
 } // namespace navora

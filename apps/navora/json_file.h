@@ -19,8 +19,7 @@ std::string stateFile(const std::string& name);
 /// that names the file and the place in it, for one that cannot be read, is longer than 8 MB or is not JSON.
 JsonPtr readJson(const std::string& path);
 
-/// Writes a tree into a file in such a way that a power cut leaves the old file or the new one. Makes its
-/// folder first. False, after a line on standard error, if that fails; the old file is then as it was.
+/// Writes a tree into a file as writeDurably does. False, after a line on standard error, if that fails.
 bool writeJson(const std::string& path, const cJSON* root);
 
 } // namespace navora

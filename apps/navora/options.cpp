@@ -34,7 +34,7 @@ The program that a file is started with is named in a navora.json: in that same 
 XDG_CONFIG_HOME, or in the one that comes with the launcher.
 
 The font, the skin and the sample content are in the folder of the environment variable NAVORA_HOME, if it
-is set, or where the build has put them.
+is set, or where the installation or the build has put them.
 )";
 
 static std::vector<std::string> splitKeys(const std::string& list) {

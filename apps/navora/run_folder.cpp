@@ -29,11 +29,20 @@ static std::string absolutePath(const std::string& path) {
     return whole.has_filename() || !whole.has_relative_path() ? whole.string() : whole.parent_path().string();
 }
 
+/// Where the launcher is installed, its files lie in "share" beside its "bin"; else where the build has put
+/// them.
+static std::string ownFolder() {
+    std::error_code failure;
+    const fs::path program = fs::read_symlink("/proc/self/exe", failure);
+    const fs::path installed = program.parent_path().parent_path() / "share/navora";
+    return fs::is_directory(installed, failure) ? installed.string() : NAVORA_RUN_FOLDER;
+}
+
 bool enterRunFolder(Options& options) {
     for (std::string* path : {&options.folder, &options.shot, &options.theme, &options.deviceRoot})
         *path = absolutePath(*path);
     const char* const home = getenv("NAVORA_HOME");
-    const std::string runFolder = home && *home ? home : NAVORA_RUN_FOLDER;
+    const std::string runFolder = home && *home ? home : ownFolder();
     if (!canReadFolder(runFolder) || chdir(runFolder.c_str()) != 0)
         return false;
     if (options.folder.empty())

@@ -1,10 +1,14 @@
 #include "navora/state_folder.h"
 
+#include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -39,19 +43,36 @@ std::string configFolder() {
     return userFolder("XDG_CONFIG_HOME", "/.config/navora");
 }
 
+/// Makes a renamed file's new name durable too.
+static void syncFolder(const fs::path& folder) {
+    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    close(descriptor);
+}
+
+static bool writeAndSync(const std::string& path, const std::string& content) {
+    std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "w"), fclose);
+    const bool written = file && fwrite(content.data(), 1, content.size(), file.get()) == content.size() &&
+                         fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0;
+    return file && fclose(file.release()) == 0 && written;
+}
+
+bool writeDurably(const std::string& path, const std::string& content) {
+    const std::string beside = path + ".new";
+    const fs::path folder = fs::path(path).parent_path();
+    std::error_code ignored; // what follows fails too
+    fs::create_directories(folder, ignored);
+    if (!writeAndSync(beside, content) || rename(beside.c_str(), path.c_str()) != 0)
+        return false;
+    syncFolder(folder);
+    return true;
+}
+
 bool writeStateFile(const std::string& name, const std::string& content) {
     const std::string folder = stateFolder();
-    if (folder.empty())
-        return false;
-    std::error_code failure;
-    fs::create_directories(folder, failure);
-    const std::string path = folder + "/" + name;
-    std::ofstream file(path + ".new", std::ios::binary | std::ios::trunc);
-    file << content;
-    file.close();
-    if (file)
-        fs::rename(path + ".new", path, failure);
-    return file && !failure;
+    return !folder.empty() && writeDurably(folder + "/" + name, content);
 }
 
 bool readSmallFile(const std::string& path, std::string& content) {

@@ -12,8 +12,11 @@ std::string stateFolder();
 /// The folder "navora" of XDG_CONFIG_HOME, which is "~/.config" if it is not set; "" if there is none.
 std::string configFolder();
 
-/// Writes a file of the state folder, which is made if need be: whole, or not at all. Returns whether it
-/// could.
+/// Writes a file in such a way that a power cut leaves the old one or the new one; makes its folder first.
+/// Returns whether it could; else errno tells why not, and the old file is as it was.
+bool writeDurably(const std::string& path, const std::string& content);
+
+/// The same for a file of the state folder.
 bool writeStateFile(const std::string& name, const std::string& content);
 
 /// Reads a file of up to a megabyte. Returns whether there is such a file; `content` is that of a readable

@@ -35,6 +35,16 @@ only_public_headers_are_installed() {
     fail "The installed headers are not those of kestro.h and hostkit/hostkit.h"
 }
 
+# From a folder of its own, by a user without any rights or settings.
+the_launcher_runs() {
+  local picture=$work/navora.png
+  (cd / && env -i HOME="$work/home" "$work/moved/bin/navora" --shot "$picture" >/dev/null) ||
+    fail "The installed launcher does not run"
+  [[ $(od -An -tx1 -j16 -N8 "$picture") == " 00 00 05 00 00 00 02 d0" ]] ||
+    fail "The installed launcher draws no picture of 1280 x 720"
+  cmp -s "$work/moved/share/navora/regular.ttf" "$font" || fail "The installed launcher has not its font"
+}
+
 # Unused libraries stay linked, so that the order in which they are searched shows below.
 compile() {
   local flags module=$1 program=$2
@@ -131,6 +141,7 @@ keys=$work/moved/bin/kestro-keys
 ln -s "$font" "$work/regular.ttf"
 readme_shows_this_host
 only_public_headers_are_installed
+the_launcher_runs
 built_by_pkg_config
 built_by_cmake
 for program in without-kit by-pkg-config by-cmake; do
