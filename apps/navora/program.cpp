@@ -80,14 +80,15 @@ bool programWaits() {
 bool runWaitingProgram(hostkit::Session& session, Shell& shell) {
     const auto command = std::move(sProgram.command);
     sProgram.command.clear();
-    SDL_PumpEvents(); // a signal that came meanwhile
+    const SignalWatch signals;
+    SDL_PumpEvents(); // a signal that came before
     if (hostkit::closeRequested())
         return false;
     tprintf("start %s\n", command.front().c_str());
     session.giveUpScreen();
-    const ProgramEnd end = runProgram(command, sProgram.folder);
+    const ProgramEnd end = runProgram(command, sProgram.folder, signals);
     tprintf("%s has ended with %d\n", command.front().c_str(), end.code);
-    if (end.endRequested || !session.takeBackScreen())
+    if (signals.endRequested() || !session.takeBackScreen() || signals.endRequested())
         return false;
     if (end.missing)
         tell(shell, wordMissingProgram, command.front());

@@ -1,12 +1,13 @@
 #include "navora/program_run.h"
 
-#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
+#include <poll.h>
 #include <sstream>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -32,36 +33,32 @@ bool hasProgram(const std::string& program) {
     return false;
 }
 
-namespace {
+static std::atomic<bool> sEndRequested;
+static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler sets it");
 
-/// Keeps the signals that end a program, or tell of its end, for sigtimedwait.
-class HeldSignals {
-public:
-    HeldSignals() {
-        sigemptyset(&mSet);
-        for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGCHLD})
-            sigaddset(&mSet, number);
-        pthread_sigmask(SIG_BLOCK, &mSet, &mBefore);
-    }
-    ~HeldSignals() { pthread_sigmask(SIG_SETMASK, &mBefore, nullptr); }
-    HeldSignals(const HeldSignals&) = delete;
-    HeldSignals& operator=(const HeldSignals&) = delete;
+/// In whichever thread the signal finds. A process that has ended only wakes the one that waits for it.
+static void noteSignal(int number) {
+    if (number != SIGCHLD)
+        sEndRequested = true;
+}
 
-    /// Waits for one of them, for a tenth of a second. Returns whether it asks for the end.
-    bool endRequested() const {
-        const timespec patience{0, 100'000'000};
-        const int number = sigtimedwait(&mSet, nullptr, &patience);
-        return number > 0 && number != SIGCHLD;
-    }
+SignalWatch::SignalWatch() {
+    sEndRequested = false;
+    struct sigaction note {};
+    note.sa_handler = noteSignal;
+    note.sa_flags = SA_RESTART;
+    for (size_t i = 0; i < mBefore.size(); ++i)
+        sigaction(sSignals[i], &note, &mBefore[i]);
+}
 
-    const sigset_t& before() const { return mBefore; }
+SignalWatch::~SignalWatch() {
+    for (size_t i = 0; i < mBefore.size(); ++i)
+        sigaction(sSignals[i], &mBefore[i], nullptr);
+}
 
-private:
-    sigset_t mSet{};
-    sigset_t mBefore{};
-};
-
-} // namespace
+bool SignalWatch::endRequested() const {
+    return sEndRequested;
+}
 
 /// Nothing but the standard streams goes on to a program.
 static void closeFilesOnExec() {
@@ -76,13 +73,11 @@ static void closeFilesOnExec() {
 }
 
 /// In the new process, where only what is safe after a fork may be called.
-[[noreturn]] static void become(char* const* arguments, const char* folder, const sigset_t& mask,
-                                int report) {
+[[noreturn]] static void become(char* const* arguments, const char* folder, int report) {
     setpgid(0, 0);
     dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), STDIN_FILENO); // a terminal would stop it
     for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGCHLD, SIGPIPE})
         signal(number, SIG_DFL);
-    pthread_sigmask(SIG_SETMASK, &mask, nullptr);
     if (chdir(folder) == 0 || chdir("/") == 0)
         execvp(arguments[0], arguments);
     const int reason = errno;
@@ -101,7 +96,7 @@ static bool failedToStart(int report) {
 }
 
 /// Waits until `process` has ended, and passes on a wish to end.
-static ProgramEnd awaitEnd(pid_t process, const HeldSignals& signals) {
+static ProgramEnd awaitEnd(pid_t process, const SignalWatch& signals) {
     constexpr std::chrono::seconds grace(3);
     ProgramEnd end;
     Clock::time_point deadline{};
@@ -116,6 +111,7 @@ static ProgramEnd awaitEnd(pid_t process, const HeldSignals& signals) {
         } else if (end.endRequested && Clock::now() > deadline) {
             kill(-process, SIGKILL);
         }
+        poll(nullptr, 0, 50); // or until a signal comes
     }
     if (end.endRequested)
         kill(-process, SIGKILL); // what it has left behind
@@ -123,7 +119,8 @@ static ProgramEnd awaitEnd(pid_t process, const HeldSignals& signals) {
     return end;
 }
 
-ProgramEnd runProgram(const std::vector<std::string>& command, const std::string& folder) {
+ProgramEnd runProgram(const std::vector<std::string>& command, const std::string& folder,
+                      const SignalWatch& signals) {
     ProgramEnd failed;
     failed.missing = true;
     int report[2];
@@ -134,10 +131,9 @@ ProgramEnd runProgram(const std::vector<std::string>& command, const std::string
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
-    const HeldSignals signals;
     const pid_t process = fork();
     if (process == 0)
-        become(arguments.data(), folder.c_str(), signals.before(), report[1]);
+        become(arguments.data(), folder.c_str(), report[1]);
     close(report[1]);
     if (process > 0)
         setpgid(process, process); // here and there, since either may be first
