@@ -55,6 +55,7 @@ static void setEnvironment(const std::vector<std::string>& environment) {
 }
 
 [[noreturn]] static void become(const std::vector<std::string>& command) {
+    signal(SIGINT, SIG_DFL); // which a shell's job in the background ignores
     std::vector<char*> arguments;
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));

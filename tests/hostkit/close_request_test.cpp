@@ -27,6 +27,7 @@ static void pushQuit() {
 class CloseRequestTest : public WindowTest {
 protected:
     void SetUp() override {
+        signal(SIGINT, SIG_DFL); // which a job in the background ignores, and then SDL does too
         WindowTest::SetUp();
         hostkit::watchForCloseRequests();
     }
