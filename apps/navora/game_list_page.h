@@ -11,6 +11,10 @@ class GameListPage : public ListPage {
 public:
     GameListPage(Shell& shell, ListKind kind);
 
+    /// As it was kept by saveState; null for a list that there is not. The caller owns it.
+    static GameListPage* reopened(Shell& shell, const cJSON* state);
+
+    void saveState(cJSON* state) override;
     void update() override;
 
 protected:

@@ -6,6 +6,7 @@
 #include "hostkit/close_request.h"
 #include "navora/about_page.h"
 #include "navora/details_page.h"
+#include "navora/game_list_page.h"
 #include "navora/games_page.h"
 #include "navora/home_page.h"
 #include "navora/programs.h"
@@ -99,6 +100,8 @@ static KestroWindow* pageOf(Shell& shell, const std::string& gamesFolder, const 
     Entry entry;
     if (kind == "games" && textOf(state, "base") == gamesFolder)
         return GamesPage::reopened(shell, gamesFolder, state);
+    if (kind == "list")
+        return GameListPage::reopened(shell, state);
     if (kind == "settings")
         return SettingsPage::reopened(shell, state);
     if (kind == "about")

@@ -113,6 +113,23 @@ TEST_F(NavoraPlaceTest, TheDetailsAndTheSettingsAreOpenedAgain) {
     EXPECT_EQ(opened(), deviceShot("up,a,down,down"));
 }
 
+TEST_F(NavoraPlaceTest, AListOfGamesIsOpenedAgainAndTheCursorFollowsItsGame) {
+    mDevice.addFile("mnt/UDISK/navora/games.json", R"({"recents": [")" + mFolder.path("sub/deeper/1.rom") +
+                                                       R"(", ")" + mFolder.path("sub/deeper/2.rom") + "\"]}");
+    setPlace(R"({"list": [{"page": "home", "cursor": 2},
+                          {"page": "list", "list": "recents", "cursor": 0, "first": 0, "row": "2.rom"}]})");
+    EXPECT_EQ(opened(), deviceShot("down,down,a,down"));
+    setPlace(R"({"list": [{"page": "home", "cursor": 2}, {"page": "list", "list": "nonsense"}]})");
+    EXPECT_EQ(opened(), deviceShot("down,down"));
+}
+
+TEST_F(NavoraPlaceTest, AListOfGamesIsKeptWhileAProgramRuns) {
+    setScript("touch $1/started; exec sleep 60");
+    runAndEnd("a,a,down,a,down,down,a");
+    runAndEnd("down,down,a,a");
+    EXPECT_EQ(opened(), deviceShot("down,down,a"));
+}
+
 TEST_F(NavoraPlaceTest, AMalformedOneIsPassedOverWithALineInTheLog) {
     const Picture first = home();
     const std::pair<const char*, const char*> texts[] = {
