@@ -57,7 +57,7 @@ run_test() (
   cd "$work"
   mkdir bin
   programs=$work/bin
-  real bash env cat grep sed awk mkdir rm tail find id dirname readlink
+  real bash env cat grep sed awk mkdir rm tail find id dirname nproc readlink
   "$1"
 )
 
