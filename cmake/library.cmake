@@ -15,6 +15,8 @@ add_library(kestro-objects OBJECT
   core/window_state.cpp
   gfx/fill.cpp
   gfx/image.cpp
+  gfx/opacity.cpp
+  gfx/picture_child.cpp
   gfx/picture_file.cpp
   gfx/picture_size.cpp
   gfx/picture_size_chunks.cpp
@@ -23,18 +25,26 @@ add_library(kestro-objects OBJECT
   gfx/picture_size_text.cpp
   gfx/picture_size_tiff.cpp
   gfx/scale.cpp
+  gfx/scale_avx2.cpp
+  gfx/scale_avx512.cpp
   gfx/scale_bilinear.cpp
   gfx/scale_error_term.cpp
+  gfx/scale_nearest.cpp
+  gfx/scale_neon.cpp
+  gfx/scale_sse2.cpp
   gfx/screen.cpp
   gfx/surface.cpp
   gfx/surface_cache.cpp
   gfx/text.cpp
+  gfx/text_key.cpp
   gfx/transform.cpp
+  gfx/truncate_memo.cpp
   menu/action.cpp
   menu/count_number.cpp
   menu/dir_browser.cpp
   menu/file_browser_menu.cpp
   menu/label_highlight.cpp
+  menu/label_sort.cpp
   menu/list_menu.cpp
   menu/menu_item.cpp
   menu/row_order.cpp
@@ -74,6 +84,12 @@ add_library(kestro-objects OBJECT
   text/pinyin.cpp
   text/pinyin_table.cpp
   text/utf8.cpp)
+# Each of these is chosen at run time; they are empty for other processors.
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$")
+  set_source_files_properties(gfx/scale_avx2.cpp PROPERTIES COMPILE_OPTIONS "-mavx2;-mfma")
+  set_source_files_properties(gfx/scale_avx512.cpp PROPERTIES COMPILE_OPTIONS
+    "-mavx2;-mfma;-mavx512f;-mavx512bw;-mavx512vl;$<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>") # its own header's
+endif()
 set_target_properties(kestro-objects PROPERTIES
   POSITION_INDEPENDENT_CODE ON
   CXX_VISIBILITY_PRESET hidden
@@ -82,7 +98,7 @@ if(KESTRO_SANITIZE)
   target_compile_options(kestro-objects PRIVATE -O1) # the tests can do without, and compile faster
 endif()
 target_include_directories(kestro-objects PUBLIC ${PROJECT_SOURCE_DIR})
-target_link_libraries(kestro-objects PUBLIC kestro-dependencies Threads::Threads PRIVATE kestro-options)
+target_link_libraries(kestro-objects PUBLIC kestro-dependencies Threads::Threads PRIVATE kestro-options kestro-hardening)
 
 add_library(kestro SHARED)
 add_library(Kestro::kestro ALIAS kestro)
@@ -94,7 +110,7 @@ target_include_directories(kestro PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kestro>)
 target_link_libraries(kestro
-  PRIVATE kestro-objects kestro-options Threads::Threads
+  PRIVATE kestro-objects kestro-options kestro-hardening Threads::Threads
   PUBLIC $<BUILD_INTERFACE:kestro-dependencies>)
 target_link_options(kestro PRIVATE
   -Wl,-z,nodelete # threads and exit handlers run in it to the end

@@ -2,8 +2,6 @@
 
 #include "core/log.h"
 
-#include <cstddef>
-
 unsigned int* resizeBilinear_cpu_argb(unsigned int* src, unsigned int* dst, int srcW, int srcH, int dstW,
                                       int dstH, int swapRB) {
     tprintf("resizeBilinear_cpu_argb:%dx%d->%dx%d\n", srcW, srcH, dstW, dstH);
@@ -16,25 +14,6 @@ void bitmap_scale_bilinear(unsigned x, unsigned y, unsigned w, unsigned h, unsig
         return;
     resizeBilinear_cpu_argb(&src[x + srcStride * y], dst, static_cast<int>(w), static_cast<int>(h),
                             static_cast<int>(dstW), static_cast<int>(dstH), 0);
-}
-
-void bitmap_scale(unsigned x, unsigned y, unsigned w, unsigned h, unsigned dstW, unsigned dstH,
-                  unsigned srcStride, unsigned dstGap, unsigned int* src, unsigned int* dst) {
-    if (!src || !dst || dstW == 0 || dstH == 0)
-        return;
-    const unsigned xStep = (w << 16) / dstW;
-    const unsigned yStep = (h << 16) / dstH;
-    unsigned fy = y << 16;
-    for (unsigned row = 0; row < dstH; ++row) {
-        const unsigned int* const from = src + (fy >> 16) * srcStride;
-        unsigned int* const out = dst + static_cast<size_t>(row) * (dstW + dstGap);
-        unsigned fx = x << 16;
-        for (unsigned column = 0; column < dstW; ++column) {
-            out[column] = from[fx >> 16];
-            fx += xStep;
-        }
-        fy += yStep;
-    }
 }
 
 void bitmap_scale_bresenham(unsigned x, unsigned y, unsigned w, unsigned h, unsigned dstW, unsigned dstH,

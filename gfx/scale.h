@@ -2,9 +2,9 @@
 
 #include "core/export.h"
 
-/// Pixel scalers over buffers of the caller. None allocates; all may run on any thread; source and
-/// destination must not overlap. Null buffers and sizes of 0 write nothing. The results are the same to
-/// the bit on every machine.
+/// Pixel scalers over buffers of the caller. None allocates, but they take up to 50 KB of the stack for
+/// tables of columns; all may run on any thread; source and destination must not overlap. Null buffers and
+/// sizes of 0 write nothing. The results are the same to the bit on every machine.
 ///
 /// The eighth argument differs on purpose: for bitmap_scale it is a gap after each output row, for
 /// bitmap_scale_bresenham the length of an output row, and bitmap_scale_bilinear ignores it.

@@ -92,6 +92,31 @@ TYPED_TEST(ErrorTermScaleTest, SourceRowsThatOverlapAreExact) {
         TestFixture::expectExact(random, {5, 4, 17, 6, pitch * size, 17 * size});
 }
 
+TYPED_TEST(ErrorTermScaleTest, RowsOfMoreThanOneStripAreExact) {
+    std::mt19937 random(8);
+    constexpr unsigned size = sizeof(TypeParam);
+    for (const unsigned dw : {1023u, 1024u, 1025u, 2051u, 3000u})
+        for (const unsigned sw : {1u, 2u, 700u, 1024u, 2000u, 2050u, 5000u})
+            TestFixture::expectExact(random, {sw, 3, dw, 4, sw * size, (dw + 2) * size});
+}
+
+TYPED_TEST(ErrorTermScaleTest, OutputRowsThatOverlapAreExact) {
+    std::mt19937 random(9);
+    constexpr unsigned size = sizeof(TypeParam);
+    for (const unsigned dw : {17u, 1024u, 2051u})
+        for (const unsigned dstPitch : {1u, 5u, dw - 1})
+            for (const unsigned sw : {5u, dw, 2 * dw, 3 * dw + 1})
+                TestFixture::expectExact(random, {sw, 3, dw, 7, sw * size, dstPitch * size});
+}
+
+TYPED_TEST(ErrorTermScaleTest, WholeRatiosAreExact) {
+    std::mt19937 random(10);
+    constexpr unsigned size = sizeof(TypeParam);
+    for (unsigned dw = 1; dw < 40; ++dw)
+        for (unsigned ratio = 2; ratio < 7; ++ratio)
+            TestFixture::expectExact(random, {dw * ratio, 3, dw, 2, dw * ratio * size, dw * size});
+}
+
 TYPED_TEST(ErrorTermScaleTest, RowsInBetweenAreDuplicates) {
     std::mt19937 random(5);
     std::vector<TypeParam> source = TestFixture::randomPixels(random, 5 * 2);

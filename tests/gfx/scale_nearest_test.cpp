@@ -91,6 +91,39 @@ TEST(NearestScaleTest, EveryPixelIsThatOfThePlainArithmetic) {
     }
 }
 
+TEST(NearestScaleTest, SimpleRatiosAreExact) {
+    for (unsigned w = 1; w < 20; ++w)
+        for (const auto& [by, part] : {std::pair{1u, 1u}, {2u, 1u}, {3u, 1u}, {4u, 1u}, {1u, 2u}, {1u, 3u}}) {
+            const unsigned srcW = w * part;
+            const unsigned dstW = w * by;
+            const unsigned stride = 3 + srcW;
+            Pixels pixels = numbered(stride, 5);
+            pixels.resize(stride * 4 + 3 + srcW); // the last row ends with the rectangle
+            GuardedPixels<unsigned int> source(pixels);
+            GuardedPixels<unsigned int> target(7 * dstW, untouched);
+            bitmap_scale(3, 1, srcW, 4, dstW, 7, stride, 0, source.data(), target.data());
+            ASSERT_EQ(target.copy(), plainlyScaled(pixels, 3, 1, srcW, 4, dstW, 7, stride, 0))
+                << srcW << " to " << dstW;
+        }
+}
+
+TEST(NearestScaleTest, ExactForAllStepsUpToTheLastColumnBeforeTheWrap) {
+    const Pixels pixels = numbered(65536, 1);
+    GuardedPixels<unsigned int> source(pixels);
+    for (const unsigned dstW : {1u, 3u, 100u, 32767u, 32768u, 40000u, 65535u, 70000u}) {
+        GuardedPixels<unsigned int> target(dstW, untouched);
+        bitmap_scale(1, 0, 65535, 1, dstW, 1, 65536, 0, source.data(), target.data());
+        ASSERT_EQ(target.copy(), plainlyScaled(pixels, 1, 0, 65535, 1, dstW, 1, 65536, 0)) << dstW;
+    }
+}
+
+TEST(NearestScaleTest, OutputRowsThatOverlapAreWrittenOneAfterTheOther) {
+    GuardedPixels<unsigned int> source({1, 2, 3, 4});
+    GuardedPixels<unsigned int> target(3 + 4, untouched);
+    bitmap_scale(0, 0, 2, 2, 4, 4, 2, UINT32_MAX - 2, source.data(), target.data()); // a gap of -3
+    EXPECT_THAT(target.copy(), ElementsAre(1, 1, 3, 3, 3, 4, 4));
+}
+
 TEST(NearestScaleTest, StepsAreCutOffToWhole65536ths) {
     // 2 x 65536 / 6 = 21845.33: three steps of 21845 are 65535, still the first pixel.
     GuardedPixels<unsigned int> source(numbered(2, 1));
