@@ -12,8 +12,6 @@
 #include <memory>
 #include <string>
 
-using kestro::decodePicture;
-
 namespace {
 
 struct FreeSurface {
@@ -46,7 +44,7 @@ static SurfacePtr in32Bits(SurfacePtr picture) {
 }
 
 static KestroSurface* loadIn32Bits(const std::string& path) {
-    SurfacePtr picture(decodePicture(path.c_str()));
+    SurfacePtr picture(decodePictureFile(path.c_str()));
     if (picture)
         picture = in32Bits(std::move(picture));
     return picture ? kestro::surfaceOwning(picture.release()) : nullptr;
@@ -69,11 +67,11 @@ KestroSurface* LoadKestroSurface(const char* themeDir, const char* defaultDir, c
 static SurfacePtr decodeFromTheme(const char* name) {
     SurfacePtr picture;
     if (*name == '/')
-        picture.reset(decodePicture(name));
+        picture.reset(decodePictureFile(name));
     if (!picture)
-        picture.reset(decodePicture(joined(gThemePath, name).c_str()));
+        picture.reset(decodePictureFile(joined(gThemePath, name).c_str()));
     if (!picture) {
-        picture.reset(decodePicture(joined("./", name).c_str()));
+        picture.reset(decodePictureFile(joined("./", name).c_str()));
         if (picture)
             logFallback(gThemePath, name, "./");
     }
@@ -107,7 +105,7 @@ KestroSurface* LoadKestroSurfaceSpecSized(const char* path, int width, int heigh
                                           bool useTheme, bool keepRatio) {
     if (!kestro::liveRenderer())
         return nullptr;
-    SurfacePtr picture(decodePicture(path ? path : ""));
+    SurfacePtr picture(decodePictureFile(path ? path : ""));
     if (!picture && useTheme)
         picture = decodeFromTheme(name ? name : "");
     if (!picture)
@@ -120,6 +118,7 @@ KestroSurface* LoadKestroSurfaceSpecSized(const char* path, int width, int heigh
     if (!target)
         return nullptr;
     // A side that was scaled away to nothing leaves a surface that draws nothing.
-    SDL_Texture* const texture = SDL_CreateTextureFromSurface(kestro::liveRenderer(), target.get());
-    return new SDL2KestroSurface(texture, target.release());
+    KestroSurface* const surface = kestro::surfaceOf(target.get(), target.get());
+    SDL_Surface* const pixels = target.release();
+    return surface ? surface : new SDL2KestroSurface(nullptr, pixels);
 }

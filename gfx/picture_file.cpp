@@ -1,11 +1,13 @@
 #include "gfx/picture_file.h"
 
 #include "core/log.h"
+#include "gfx/picture_child.h"
 #include "gfx/picture_size.h"
 
 #include <SDL_image.h>
 
 #include <cstring>
+#include <mutex>
 #include <sys/stat.h>
 
 using kestro::PictureSize;
@@ -36,22 +38,39 @@ static bool refuses(const char* path, PictureSize size) {
     return true;
 }
 
+static SDL_Surface* decode(SDL_RWops* file, const char* type, const char* path) {
+    if (!kestro::hasFragileDecoder(file, type))
+        return IMG_LoadTyped_RW(file, 0, type);
+    SDL_Surface* const picture =
+        kestro::decodeInChild(file, type, [path](PictureSize size) { return refuses(path, size); });
+    if (!picture)
+        SDL_SetError("Couldn't decode %s", path);
+    return picture;
+}
+
 static PictureSize sizeOf(const SDL_Surface* picture) {
     return {static_cast<uint32_t>(picture->w), static_cast<uint32_t>(picture->h)};
 }
 
-namespace kestro {
+/// SDL_image does this when it meets a format for the first time, but not safely from several threads.
+static void prepareDecoders() {
+    static std::mutex lock;
+    const std::lock_guard guard(lock);
+    IMG_Init(IMG_INIT_JPG | IMG_INIT_PNG | IMG_INIT_TIF | IMG_INIT_WEBP);
+}
 
-SDL_Surface* decodePicture(const char* path) {
+SDL_Surface* decodePictureFile(const char* path) {
     SDL_RWops* const file = openFile(path);
     if (!file)
         return nullptr;
     const char* const type = extension(path);
-    if (refuses(path, pictureSize(file, type))) {
+    if (refuses(path, kestro::pictureSize(file, type))) {
         SDL_RWclose(file);
         return nullptr;
     }
-    SDL_Surface* const picture = IMG_LoadTyped_RW(file, 1, type);
+    prepareDecoders();
+    SDL_Surface* const picture = decode(file, type, path);
+    SDL_RWclose(file);
     // A header that says nothing, such as a drawing's without a size, is known only now.
     if (picture && refuses(path, sizeOf(picture))) {
         SDL_FreeSurface(picture);
@@ -59,5 +78,3 @@ SDL_Surface* decodePicture(const char* path) {
     }
     return picture;
 }
-
-} // namespace kestro

@@ -24,6 +24,10 @@ struct PictureSize {
 /// read, none of their claims is followed beyond the file, and the file stands afterwards where it stood.
 PictureSize pictureSize(SDL_RWops* file, const char* type);
 
+/// Whether SDL_image decodes `file` with code of its own, which broken files are known to break, and not by a
+/// library that is well looked after. The file stands afterwards where it stood.
+bool hasFragileDecoder(SDL_RWops* file, const char* type);
+
 /// Whether a picture of this size is refused.
 bool isTooLarge(PictureSize size);
 

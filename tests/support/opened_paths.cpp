@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <fcntl.h>
@@ -59,6 +60,27 @@ extern "C" int open(const char* path, int flags, ...) {
     va_end(arguments);
     note(path);
     return refused(path) ? -1 : real(path, flags, mode);
+}
+
+/// A path as it is seen from an open folder.
+static std::string pathIn(int folder, const char* path) {
+    char name[PATH_MAX];
+    const std::string link = "/proc/self/fd/" + std::to_string(folder);
+    const ssize_t length = *path == '/' ? -1 : readlink(link.c_str(), name, sizeof name);
+    return length < 0 ? path : std::string(name, static_cast<size_t>(length)) + "/" + path;
+}
+
+extern "C" int openat(int folder, const char* path, int flags, ...) {
+    static const auto real = REAL_FUNCTION(openat);
+    va_list arguments;
+    va_start(arguments, flags);
+    const int mode = flags & (O_CREAT | O_TMPFILE) ? va_arg(arguments, int) : 0;
+    va_end(arguments);
+    if (!sNoting || flags & O_DIRECTORY) // folders are what std::filesystem opens, for the tests themselves
+        return real(folder, path, flags, mode);
+    const std::string whole = pathIn(folder, path);
+    note(whole.c_str());
+    return refused(whole.c_str()) ? -1 : real(folder, path, flags, mode);
 }
 
 OpenedPaths::OpenedPaths() {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-/// While it lives, notes every path given to fopen, fopen64, open and access in this process.
+/// While it lives, notes every path given to fopen, fopen64, open, openat and access in this process.
 class OpenedPaths {
 public:
     OpenedPaths();
