@@ -121,11 +121,10 @@ int checkRepeatThread(void*) {
     if (!sRepeat.mutex)
         return 0;
     SDL_LockMutex(sRepeat.mutex);
-    for (;;) {
+    while (sRepeat.running) { // which a short run has ended before the thread comes here
         SDL_CondWaitTimeout(sRepeat.wake, sRepeat.mutex, lookEvery);
-        if (!sRepeat.running)
-            break;
-        repeatHeldKeys();
+        if (sRepeat.running)
+            repeatHeldKeys();
     }
     SDL_UnlockMutex(sRepeat.mutex);
     return 0;

@@ -1,8 +1,10 @@
 #include "core/window_state.h"
 
 #include "core/log.h"
+#include "system/settings_journal.h"
 
 #include <cstdio>
+#include <unistd.h>
 
 static void addWindow(cJSON* list, KestroWindow* window) {
     tprintf("save state for window %p\n", static_cast<void*>(window));
@@ -15,29 +17,41 @@ static void addWindow(cJSON* list, KestroWindow* window) {
     cJSON_AddItemToArray(list, entry);
 }
 
-static void writeTree(const cJSON* root, FILE* file) {
-    char* text = cJSON_Print(root);
-    if (!text)
-        return;
-    fputs(text, file);
-    tprintf("save %s\n", text);
-    cJSON_free(text);
+static void addWindows(cJSON* list, std::vector<KestroWindow*>& windows) {
+    for (size_t i = 0; i < windows.size(); ++i) // saveState may change the stack
+        if (windows[i])
+            addWindow(list, windows[i]);
+}
+
+/// Null without memory for it.
+static kestro::JsonTextPtr textOf(std::vector<KestroWindow*>& windows) {
+    const kestro::JsonPtr root(cJSON_CreateObject());
+    cJSON* const list = root ? cJSON_AddArrayToObject(root.get(), "list") : nullptr;
+    if (!list)
+        return nullptr;
+    addWindows(list, windows);
+    return kestro::printed(root.get());
 }
 
 void saveWindowsState(std::vector<KestroWindow*>& windows, const char* path) {
     if (windows.empty())
         return;
     tprintf("%d wins need to be saved\n", static_cast<int>(windows.size()));
-    FILE* file = path ? fopen(path, "w+") : nullptr;
+    // With the journal the old state stays until the new one is safe beside it.
+    FILE* const file = path ? fopen(path, kestro::journalIsOn() ? "a+" : "w+") : nullptr;
     if (!file)
         return;
-    cJSON* root = cJSON_CreateObject();
-    if (cJSON* list = root ? cJSON_AddArrayToObject(root, "list") : nullptr) {
-        for (size_t i = 0; i < windows.size(); ++i) // saveState may change the stack
-            if (windows[i])
-                addWindow(list, windows[i]);
-        writeTree(root, file);
+    const kestro::JsonTextPtr text = textOf(windows);
+    if (text && kestro::writeSideCopy(path, text.get()) && ftruncate(fileno(file), 0) == 0) {
+        fputs(text.get(), file);
+        tprintf("save %s\n", text.get());
+        kestro::endSideCopy(path, file);
     }
-    cJSON_Delete(root);
     fclose(file);
+}
+
+cJSON* loadWindowsState(const char* path) {
+    kestro::JsonPtr root = path ? kestro::parseProtected(path, path) : nullptr;
+    const bool usable = root && cJSON_IsArray(cJSON_GetObjectItemCaseSensitive(root.get(), "list"));
+    return usable ? root.release() : nullptr;
 }

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -57,8 +58,13 @@ static void restoreFromSideCopy(const char* path, const std::string& copy) {
     syncFolderOf(path);
 }
 
+static bool isNameless(const char* path) {
+    struct stat status {};
+    return stat(path, &status) == 0 && status.st_nlink == 0;
+}
+
 bool writeSideCopy(const char* path, const char* text) {
-    if (!sJournal)
+    if (!sJournal || isNameless(path))
         return true;
     const std::string copy = sideCopyOf(path);
     restoreFromSideCopy(path, copy);
@@ -91,9 +97,13 @@ static JsonPtr parseSideCopy(const char* path) {
     return root;
 }
 
-JsonPtr parseSettings(const char* path, bool* opened) {
-    JsonPtr root = parsePath("system.json", path, opened);
+JsonPtr parseProtected(const char* name, const char* path, bool* opened) {
+    JsonPtr root = parsePath(name, path, opened);
     return !root && sJournal ? parseSideCopy(path) : std::move(root);
+}
+
+JsonPtr parseSettings(const char* path, bool* opened) {
+    return parseProtected("system.json", path, opened);
 }
 
 } // namespace kestro

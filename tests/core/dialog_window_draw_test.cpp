@@ -17,6 +17,7 @@ protected:
         DialogTest::SetUp();
         gPopupColorTxt = messageColor;
         gPopupColorBtn = buttonColor;
+        TTF_SetFontSize(gPopupFontBtn, 30); // unlike the message's, to tell them apart
     }
 
     static std::string title(const std::string& text, SDL_Rect rect) {
@@ -60,6 +61,16 @@ TEST_F(DialogDrawTest, TheOtherButtonHasTheFocusAfterLeft) {
                                      question("Really?", messageRect), //
                                      "'focused' all -> 390,488 200x72 on W", label("Cancel", firstButton),
                                      "'normal' all -> 690,488 180x60 on W", label("OK", secondButton)));
+}
+
+TEST_F(DialogDrawTest, AHostsOwnFocusIsOnCancelUnlessItIs1) {
+    open("", "");
+    for (const int focus : {-1, 2}) {
+        dialog->focus = focus;
+        EXPECT_THAT(drawn(), ElementsAre("'panel' all -> 290,98 700x524 on W",
+                                         "'focused' all -> 390,488 200x72 on W", label("Cancel", firstButton),
+                                         "'normal' all -> 690,488 180x60 on W", label("OK", secondButton)));
+    }
 }
 
 TEST_F(DialogDrawTest, FrozenPageAndMaskComeFirst) {
@@ -137,6 +148,15 @@ TEST_F(DialogDrawTest, APanelLargerThanTheScreenIsPlacedTowardZero) {
                             "'focused' all -> 399,388 200x72 on W", label("OK", {399, 388, 200, 72})));
 }
 
+TEST_F(DialogDrawTest, APanelOfOddSizeIsPlacedTowardZeroToo) {
+    writePicture("skin/pop-bg.png", 301, 203, 0xFFFFFFFF);
+    open("Delete", "");
+    EXPECT_THAT(drawn(),
+                ElementsAre("'panel' all -> 489,258 301x203 on W", title("Delete", {489, 258 + 80, 301, 43}),
+                            "'normal' all -> 589,648 180x60 on W", label("Cancel", {589, 648, 200, 72}),
+                            "'focused' all -> 889,648 200x72 on W", label("OK", {889, 648, 200, 72})));
+}
+
 TEST_F(DialogDrawTest, WithoutAPanelTextsAndButtonsHaveFixedPlaces) {
     remove({"pop-bg.png"});
     open("Delete", "Really?");
@@ -146,6 +166,18 @@ TEST_F(DialogDrawTest, WithoutAPanelTextsAndButtonsHaveFixedPlaces) {
                             question("Really?", {338, 328, 604, 100}), //
                             "'normal' all -> 444,422 180x60 on W", label("Cancel", {444, 422, 200, 72}),
                             "'focused' all -> 744,422 200x72 on W", label("OK", {744, 422, 200, 72})));
+}
+
+TEST_F(DialogDrawTest, WithoutAPanelTextsOfEvenAndOfOddWidthAreCentred) {
+    remove({"pop-bg.png"});
+    bool evenSeen = false;
+    bool oddSeen = false;
+    for (const char* const text : {"i", "ii", "iii", "W", "Wi", "Wii"}) {
+        (textWidth(gPopupFontTitle, text) % 2 == 0 ? evenSeen : oddSeen) = true;
+        open(text, "");
+        EXPECT_EQ(drawn()[0], title(text, {338, 222, 604, 43}));
+    }
+    EXPECT_TRUE(evenSeen && oddSeen);
 }
 
 TEST_F(DialogDrawTest, WithoutAPanelSeveralLinesBeginAtAFixedPlaceToo) {

@@ -2,6 +2,7 @@
 #include "support/dialog_test.h"
 #include "support/recorded_window.h"
 
+#include <functional>
 #include <set>
 
 using testing::ElementsAre;
@@ -178,6 +179,24 @@ TEST_F(DialogKeysTest, BothHandlersCanBeCalledByTheHost) {
     EXPECT_EQ(dialog->handleCancel(), 1002);
     EXPECT_EQ(takeLog(), okLine + cancelLine);
     EXPECT_EQ(cancels, 1);
+}
+
+TEST_F(DialogKeysTest, TheLineComesBeforeTheActionRuns) {
+    std::string before;
+    openWithAction(12)->onRun = [&] { before = takeLog(); };
+    EXPECT_EQ(press(1), 12);
+    EXPECT_EQ(before, okLine);
+    EXPECT_EQ(takeLog(), "");
+}
+
+TEST_F(DialogKeysTest, TheLineComesBeforeTheCancelFunctionRuns) {
+    static std::function<void()> whenCancelled;
+    std::string before;
+    whenCancelled = [&] { before = takeLog(); };
+    open("Delete", "Really?", false, [] { whenCancelled(); });
+    EXPECT_EQ(press(2), 1002);
+    EXPECT_EQ(before, cancelLine);
+    EXPECT_EQ(takeLog(), "");
 }
 
 TEST_F(DialogKeysTest, TheActionMayDeleteTheDialog) {

@@ -104,6 +104,20 @@ TEST_F(DialogWindowTest, TakesBothTextsFromTheLanguageOnceForAll) {
     takeLog();
 }
 
+TEST_F(DialogWindowTest, WithWordsOfTheLanguageItKeepsTheRestToo) {
+    for (const bool multiLine : {false, true}) {
+        auto* const action = new RecordedAction(actions);
+        dialog = std::make_unique<OpenDialog>(0, 1, multiLine, action, noteCancel);
+        EXPECT_EQ(dialog->title, "Cancel");
+        EXPECT_EQ(dialog->message, "OK");
+        EXPECT_EQ(dialog->multiLine, multiLine);
+        EXPECT_EQ(dialog->action, action);
+        EXPECT_EQ(dialog->onCancel, noteCancel);
+        EXPECT_EQ(dialog->focus, 1);
+    }
+    takeLog();
+}
+
 TEST_F(DialogWindowTest, IndexesThatAreNoneGiveWhatTheLanguageGives) {
     dialog = std::make_unique<OpenDialog>(-1, 100000, true, nullptr, nullptr);
     EXPECT_EQ(dialog->title, "");

@@ -111,6 +111,15 @@ TEST_F(PopUpWindowTest, AddsNoVirtualFunctionToAWindow) {
     EXPECT_EQ(virtualSlot(&NextPopUp::next), virtualSlot(&KestroWindow::getTitle) + 1);
 }
 
+TEST_F(PopUpWindowTest, KeepsItsFieldsInOrder) {
+    open(nullptr);
+    const auto* const first = reinterpret_cast<const char*>(&popup->menu);
+    EXPECT_EQ(first - reinterpret_cast<const char*>(popup.get()),
+              static_cast<ptrdiff_t>(sizeof(FloatWindow)));
+    EXPECT_EQ(reinterpret_cast<const char*>(&popup->background) - first,
+              static_cast<ptrdiff_t>(sizeof(void*)));
+}
+
 TEST_F(PopUpWindowTest, TheThemesBackgroundComesFirst) {
     gThemePath = "theme/";
     writePicture("theme/skin/frame.png", 31, 17, 0xFFFFFFFF);
