@@ -16,6 +16,7 @@
 #include "core/window_state.h"
 #include "gfx/fill.h"
 #include "gfx/image.h"
+#include "gfx/picture_file.h"
 #include "gfx/scale.h"
 #include "gfx/screen.h"
 #include "gfx/surface.h"

@@ -1,6 +1,7 @@
 #include "gfx/surface.h"
 
 #include "core/log.h"
+#include "gfx/opacity.h"
 #include "gfx/screen.h"
 #include "gfx/screen_internal.h"
 #include "gfx/surface_internal.h"
@@ -12,7 +13,7 @@ KestroSurface::~KestroSurface() = default;
 
 SDL2KestroSurface::SDL2KestroSurface(SDL_Texture* texture, SDL_Surface* surface)
     : mTexture(texture), mSurface(surface), mWidth(0), mHeight(0), mFittedWidth(0), mFittedHeight(0),
-      mScreenGeneration(kestro::screenGeneration()) {
+      mScreenGeneration(kestro::screenGeneration()), mOpaque(false) {
     if (texture)
         SDL_QueryTexture(texture, nullptr, nullptr, &mWidth, &mHeight);
 }
@@ -29,8 +30,13 @@ bool SDL2KestroSurface::isLive() const {
     return mScreenGeneration == kestro::screenGeneration() && kestro::liveRenderer();
 }
 
-SDL_Texture* SDL2KestroSurface::getTexture() const {
+SDL_Texture* SDL2KestroSurface::liveTexture() const {
     return isLive() ? mTexture : nullptr;
+}
+
+SDL_Texture* SDL2KestroSurface::getTexture() const {
+    mOpaque = false;
+    return liveTexture();
 }
 
 SDL_Surface* SDL2KestroSurface::getSurface() const {
@@ -38,19 +44,19 @@ SDL_Surface* SDL2KestroSurface::getSurface() const {
 }
 
 int SDL2KestroSurface::setBlendMode(SDL_BlendMode mode) {
-    return SDL_SetTextureBlendMode(getTexture(), mode);
+    return SDL_SetTextureBlendMode(liveTexture(), mode);
 }
 
 int SDL2KestroSurface::setAlpha(unsigned char alpha) {
-    return SDL_SetTextureAlphaMod(getTexture(), alpha);
+    return SDL_SetTextureAlphaMod(liveTexture(), alpha);
 }
 
 int SDL2KestroSurface::getBlendMode(SDL_BlendMode* mode) {
-    return SDL_GetTextureBlendMode(getTexture(), mode);
+    return SDL_GetTextureBlendMode(liveTexture(), mode);
 }
 
 int SDL2KestroSurface::getAlpha(unsigned char* alpha) {
-    return SDL_GetTextureAlphaMod(getTexture(), alpha);
+    return SDL_GetTextureAlphaMod(liveTexture(), alpha);
 }
 
 int SDL2KestroSurface::getWidth() {
@@ -72,6 +78,11 @@ static void dumpTarget(const char* path) {
     SDL_FreeSurface(picture);
 }
 
+int SDL2KestroSurface::copy(const SDL_Rect* src, const SDL_Rect* dst) {
+    return mOpaque ? kestro::copyOpaque(gRenderer, mTexture, src, dst)
+                   : SDL_RenderCopy(gRenderer, mTexture, src, dst);
+}
+
 int SDL2KestroSurface::render(SDL_Rect* src, SDL_Rect* dst, bool naturalSize, const char* dumpPath) {
     if (!isLive())
         return -1;
@@ -86,11 +97,11 @@ int SDL2KestroSurface::render(SDL_Rect* src, SDL_Rect* dst, bool naturalSize, co
     const SDL_Rect* const where = dst ? &place : nullptr;
     SDL_Texture* const target = kestro::targetTexture();
     if (!target)
-        return SDL_RenderCopy(gRenderer, mTexture, src, where);
+        return copy(src, where);
     // A texture that cannot be a target leaves SDL drawing into the window: then nothing is drawn.
     if (const int status = SDL_SetRenderTarget(gRenderer, target))
         return status;
-    const int status = SDL_RenderCopy(gRenderer, mTexture, src, where);
+    const int status = copy(src, where);
     if (dumpPath)
         dumpTarget(dumpPath);
     if (status != 0)
@@ -186,8 +197,7 @@ SDL_Surface* create_surface(int w, int h) {
 }
 
 KestroSurface* CreateSurface(SDL_Surface* s) {
-    SDL_Texture* const texture = SDL_CreateTextureFromSurface(kestro::liveRenderer(), s);
-    return texture ? new SDL2KestroSurface(texture, nullptr) : nullptr;
+    return kestro::surfaceOf(s, nullptr);
 }
 
 KestroSurface* CreateSurface(int w, int h) {
@@ -226,14 +236,22 @@ SDL2KestroSurface* textured(KestroSurface* s) {
     return dynamic_cast<SDL2KestroSurface*>(s);
 }
 
+SDL2KestroSurface* surfaceOf(SDL_Surface* pixels, SDL_Surface* kept) {
+    SDL_Texture* const texture = SDL_CreateTextureFromSurface(liveRenderer(), pixels);
+    if (!texture)
+        return nullptr;
+    auto* const surface = new SDL2KestroSurface(texture, kept);
+    surface->mOpaque = isOpaque(pixels);
+    return surface;
+}
+
 SDL2KestroSurface* surfaceOwning(SDL_Surface* copy) {
     if (!copy)
         return nullptr;
-    SDL_Texture* const texture = SDL_CreateTextureFromSurface(liveRenderer(), copy);
-    if (texture)
-        return new SDL2KestroSurface(texture, copy);
-    SDL_FreeSurface(copy);
-    return nullptr;
+    SDL2KestroSurface* const surface = surfaceOf(copy, copy);
+    if (!surface)
+        SDL_FreeSurface(copy);
+    return surface;
 }
 
 /// Graphics memory starts with whatever was there before.

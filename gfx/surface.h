@@ -45,6 +45,14 @@ public:
     virtual void* getPixels(int* pitch, int* bytesPerPixel, int* width, int* height) = 0;
 };
 
+class SDL2KestroSurface;
+
+namespace kestro {
+
+SDL2KestroSurface* surfaceOf(SDL_Surface* pixels, SDL_Surface* kept);
+
+} // namespace kestro
+
 /// A surface that is a texture of the screen's renderer, with an optional copy of its pixels in memory.
 ///
 /// A texture dies with its screen. A surface that outlives it keeps its size and its copy, but every call
@@ -67,7 +75,8 @@ public:
     /// Whether the screen that the surface was made for still exists.
     bool isLive() const;
 
-    /// The texture, owned by the surface; null if there is none or its screen is gone.
+    /// The texture, owned by the surface; null if there is none or its screen is gone. Whoever has it may
+    /// change its pixels.
     SDL_Texture* getTexture() const;
 
     /// The copy in memory, owned by the surface, or null.
@@ -81,8 +90,12 @@ private:
     int mFittedWidth; // the request that mSurface was fitted to by getPixels; 0 for none
     int mFittedHeight;
     unsigned mScreenGeneration; // of the screen that mTexture belongs to
+    mutable bool mOpaque;       // mTexture is known to be, as nobody else has had it
 
+    KESTRO_HIDDEN SDL_Texture* liveTexture() const;
+    KESTRO_HIDDEN int copy(const SDL_Rect* src, const SDL_Rect* dst);
     KESTRO_HIDDEN SDL_Surface* readBack(Uint32 format, int width, int height);
+    friend SDL2KestroSurface* kestro::surfaceOf(SDL_Surface* pixels, SDL_Surface* kept);
 };
 
 /// A new surface in memory, 32 bits deep, ARGB8888, all zero; owned by the caller, freed with

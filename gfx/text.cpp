@@ -5,34 +5,29 @@
 #include "gfx/surface.h"
 #include "gfx/surface_cache.h"
 #include "gfx/surface_internal.h"
+#include "gfx/text_key.h"
+#include "gfx/truncate_memo.h"
 #include "text/utf8.h"
 
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
-
-/// The key of a rendered text. One buffer for all: texts that agree up to its end share an entry.
-static const char* cacheKey(TTF_Font* font, const char* text, SDL_Color color, int shadow) {
-    static char key[2048];
-    snprintf(key, sizeof key, "%s_%p_%02X_%02X_%02X_%02X_shadow%d", text, static_cast<void*>(font), color.r,
-             color.g, color.b, color.a, shadow);
-    return key;
-}
 
 /// The rendered text, from the cache if it is there. A texture that cannot be made leaves a null entry,
 /// which counts as a miss the next time.
 static KestroSurface* renderedText(TTF_Font* font, const char* text, SDL_Color color, int shadow) {
-    const char* const key = cacheKey(font, text, color, shadow);
-    if (void* const cached = gTextSurfaceCache.get(key))
+    const std::string_view key = kestro::textKey(font, text, color, shadow);
+    if (void* const cached = gTextSurfaceCache.find(key))
         return static_cast<KestroSurface*>(cached);
     SDL_Surface* const glyphs = TTF_RenderUTF8_Blended(font, text, color);
     if (!glyphs)
         return nullptr;
     KestroSurface* const surface = kestro::surfaceOwning(glyphs);
-    gTextSurfaceCache.put(key, surface);
+    gTextSurfaceCache.put(std::string(key), surface);
     return surface;
 }
 
@@ -123,18 +118,15 @@ int DrawStringLinesSpacing(TTF_Font* font, const SDL_Rect& rect, const char* tex
     return 0;
 }
 
-int getTruncateLen(TTF_Font* font, const char* text, int, int width) {
-    if (!font || !text)
-        return 0;
+static int measuredTruncateLen(TTF_Font* font, std::string_view text, int width) {
     // The twenty pixels and the tenth that is left leave room for the ellipsis.
     const float limit = static_cast<float>((static_cast<int64_t>(width) - 20) * 9 / 10);
     float sum = 0.0f;
     int kept = 0;
-    const size_t length = strlen(text);
-    for (size_t at = 0; at < length; ++kept) {
+    for (size_t at = 0; at < text.size(); ++kept) {
         if (limit <= sum)
             return kept;
-        const kestro::Utf8Step step = kestro::decodeUtf8(text + at, length - at);
+        const kestro::Utf8Step step = kestro::decodeUtf8(text.data() + at, text.size() - at);
         int advance = 0;
         TTF_GlyphMetrics(font, static_cast<Uint16>(step.codePoint), nullptr, nullptr, nullptr, nullptr,
                          &advance);
@@ -143,4 +135,16 @@ int getTruncateLen(TTF_Font* font, const char* text, int, int width) {
         at += step.length;
     }
     return 0;
+}
+
+int getTruncateLen(TTF_Font* font, const char* text, int, int width) {
+    if (!font || !text)
+        return 0;
+    const std::string_view label = text;
+    int kept = kestro::knownTruncateLen(font, label, width);
+    if (kept < 0) {
+        kept = measuredTruncateLen(font, label, width);
+        kestro::rememberTruncateLen(font, label, width, kept);
+    }
+    return kept;
 }

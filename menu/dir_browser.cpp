@@ -4,6 +4,7 @@
 #include "menu/row_order.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 #include <dirent.h>
 #include <memory>
@@ -35,6 +36,29 @@ static int kindOf(const std::string& path) {
     return S_ISREG(status.st_mode) ? fileKind : 0;
 }
 
+/// Whether `stat` of what is in a folder can succeed: it takes more than the right to read the folder.
+static bool isSearchable(const std::string& path) {
+    struct stat status {};
+    return stat((path + "/.").c_str(), &status) == 0;
+}
+
+/// The same as the other, without a look at the file where the folder has told enough.
+static int kindOf(const std::string& path, const dirent& entry, bool searchable) {
+    if (!searchable || path.size() >= PATH_MAX)
+        return kindOf(path);
+    switch (entry.d_type) {
+    case DT_REG:
+        return fileKind;
+    case DT_DIR:
+        return dirKind;
+    case DT_LNK:
+    case DT_UNKNOWN:
+        return kindOf(path);
+    default:
+        return 0;
+    }
+}
+
 /// Folders that begin with "." are hidden, save for the way up where there is one.
 static bool isHiddenDir(const char* name, bool withParent) {
     return !*name || (*name == '.' && !(withParent && name[1] == '.'));
@@ -44,9 +68,11 @@ static kestro::RowOrder readRows(const std::string& path,
                                  TextMenuItem* (*factory)(const char*, const char*, int), bool withParent) {
     kestro::RowOrder rows;
     const DirPtr dir(opendir(path.c_str()));
+    const bool searchable = isSearchable(path);
+    std::string full = path + "/";
     while (const dirent* const entry = dir ? readdir(dir.get()) : nullptr) {
-        const std::string full = path + "/" + entry->d_name;
-        const int kind = kindOf(full);
+        full.replace(path.size() + 1, full.npos, entry->d_name);
+        const int kind = kindOf(full, *entry, searchable);
         if (kind == 0 || (kind == dirKind && isHiddenDir(entry->d_name, withParent)))
             continue;
         if (rows.size() >= mostRowsInDir)

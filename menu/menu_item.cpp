@@ -58,13 +58,21 @@ TextMenuItem::~TextMenuItem() {
 }
 
 std::string TextMenuItem::getLabel() {
-    return mLabel.empty() ? getLangStr(mLabelId) : mLabel;
+    return shownLabel();
+}
+
+const char* TextMenuItem::shownLabel() const {
+    return mLabel.empty() ? getLangStr(mLabelId) : mLabel.c_str();
 }
 
 std::string TextMenuItem::getSubLabel() {
+    return shownSubLabel();
+}
+
+const char* TextMenuItem::shownSubLabel() const {
     if (!mSubLabelPresent)
-        return {};
-    return mSubLabel.empty() ? getLangStr(mSubLabelId) : mSubLabel;
+        return "";
+    return mSubLabel.empty() ? getLangStr(mSubLabelId) : mSubLabel.c_str();
 }
 
 std::string TextMenuItem::getThemePath() {

@@ -89,6 +89,14 @@ public:
     void setSecondFlag(bool flag) { mSecondFlag = flag; }
     bool getSecondFlag() const { return mSecondFlag; }
 
+    /// What getLabel and getSubLabel give, without a copy: valid until the row or the language changes.
+    const char* shownLabel() const;
+    const char* shownSubLabel() const;
+
+    /// What getImagePath and getSecondImagePath give, without a copy.
+    const char* imagePath() const { return mFourthText.c_str(); }
+    const char* secondImagePath() const { return mFifthText.c_str(); }
+
     /// The label as it was given, without the word that may stand in for it.
     const std::string& labelText() const { return mLabel; }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "menu/label_sort.h"
 #include "menu/menu_item.h"
 
 #include <cstdint>
@@ -19,12 +20,12 @@ public:
     size_t size() const { return mRows.size(); }
 
     /// All rows in order.
-    std::vector<void*> ordered();
+    std::vector<void*> ordered() const;
 
 private:
     struct Row {
         TextMenuItem* item;
-        const char* label;
+        LabelSort::Label label;
         bool hasGroup;
         uint32_t group;
     };
@@ -32,8 +33,8 @@ private:
     std::vector<Row> mRows; // as they came
 
     static bool comesBefore(const Row& newRow, const Row& existing);
-    bool canBeSorted() const;
-    void insertOneByOne();
+    bool canBeSorted(uint32_t& highest) const;
+    std::vector<void*> insertedOneByOne() const;
 };
 
 } // namespace kestro

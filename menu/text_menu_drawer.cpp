@@ -117,12 +117,18 @@ void TextMenuDrawer::setImageLoader(ImageLoader loader) {
     mImageLoader = loader ? std::move(loader) : ImageLoader(loadAtOnce);
 }
 
+/// What tells one size of a picture from another in the caches' keys.
+static std::string sizeSuffix(int width, int height) {
+    return "@" + std::to_string(width) + "x" + std::to_string(height);
+}
+
 KestroSurface* TextMenuDrawer::getRowImage(const char* path, int width, int height) {
     if (!path || !*path)
         return nullptr;
     LRUCache& cache = height <= mItemHeight ? mRowImages : mSecondRowImages;
-    const std::string key = std::string(path) + "@" + std::to_string(width) + "x" + std::to_string(height);
-    auto* picture = static_cast<KestroSurface*>(cache.get(key));
+    static std::string key; // keeps its memory from row to row
+    key.assign(path).append(sizeSuffix(width, height));
+    auto* picture = static_cast<KestroSurface*>(cache.find(key));
     if (!picture) {
         picture = mImageLoader(path, width, height);
         if (picture)

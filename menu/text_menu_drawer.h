@@ -136,8 +136,7 @@ private:
     KESTRO_HIDDEN void drawIcon(KestroSurface* icon, RowPlace& place);
     KESTRO_HIDDEN KestroSurface* iconOf(TextMenuItemProvider* row);
     KESTRO_HIDDEN void drawLabel(TextMenuItemProvider& row, const RowPlace& place);
-    KESTRO_HIDDEN void drawTwoLines(TextMenuItemProvider& row, const std::string& subLabel,
-                                    const RowPlace& place);
+    KESTRO_HIDDEN void drawTwoLines(TextMenuItemProvider& row, const char* subLabel, const RowPlace& place);
     KESTRO_HIDDEN void drawSearched(TextMenuItemProvider& row, const SDL_Rect& rect, int align, bool shadow);
     KESTRO_HIDDEN void drawThumbnail();
     KESTRO_HIDDEN int runAction(int (Action::*run)(void*), bool logged);

@@ -14,12 +14,39 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <typeinfo>
 
 using kestro::fontHeight;
 
 static constexpr int thumbnailSide = 300; // pixels
 static constexpr int thumbnailMargin = 40;
 static constexpr int iconMargin = 16;
+
+/// A text of a row. A plain TextMenuItem is not asked for a copy, as a page asks for every text in every
+/// frame; other rows' goes to `copy`.
+static const char* textOf(TextMenuItemProvider& row, const char* (TextMenuItem::*own)() const,
+                          std::string (TextMenuItemProvider::*get)(), std::string& copy) {
+    if (typeid(row) == typeid(TextMenuItem))
+        return (static_cast<TextMenuItem&>(row).*own)();
+    copy = (row.*get)();
+    return copy.c_str();
+}
+
+static const char* labelOf(TextMenuItemProvider& row, std::string& copy) {
+    return textOf(row, &TextMenuItem::shownLabel, &TextMenuItemProvider::getLabel, copy);
+}
+
+static const char* subLabelOf(TextMenuItemProvider& row, std::string& copy) {
+    return textOf(row, &TextMenuItem::shownSubLabel, &TextMenuItemProvider::getSubLabel, copy);
+}
+
+static const char* iconPathOf(TextMenuItemProvider& row, std::string& copy) {
+    return textOf(row, &TextMenuItem::imagePath, &TextMenuItemProvider::getImagePath, copy);
+}
+
+static const char* thumbnailPathOf(TextMenuItemProvider& row, std::string& copy) {
+    return textOf(row, &TextMenuItem::secondImagePath, &TextMenuItemProvider::getSecondImagePath, copy);
+}
 
 /// Where a row stands, and how.
 struct TextMenuDrawer::RowPlace {
@@ -76,7 +103,8 @@ KestroSurface* TextMenuDrawer::iconOf(TextMenuItemProvider* row) {
     if (KestroSurface* const own = row->getLabelIcon())
         return own;
     const int side = mItemHeight - 2 * iconMargin;
-    return side > 0 ? getRowImage(row->getImagePath().c_str(), side, side) : nullptr;
+    std::string copy;
+    return side > 0 ? getRowImage(iconPathOf(*row, copy), side, side) : nullptr;
 }
 
 void TextMenuDrawer::drawIcon(KestroSurface* icon, RowPlace& place) {
@@ -110,19 +138,20 @@ void TextMenuDrawer::drawRow(int index) {
     DrawString(gListFontTxt, label, getLangStr(3), mTextColor, 0, place.shadow, false);
 }
 
-/// The text if it fits, else as much of it as fits and an ellipsis.
-static std::string cutToWidth(TTF_Font* font, std::string text, int width) {
-    const int kept = getTruncateLen(font, text.c_str(), 0, width);
-    if (kept > 0) {
-        text.resize(kestro::utf8Offset(text.c_str(), text.size(), static_cast<size_t>(kept)));
-        text += "...";
-    }
-    return text;
+/// The text if it fits, else as much of it as fits and an ellipsis; that is valid until the next call.
+static const char* cutToWidth(TTF_Font* font, const char* text, int width) {
+    const int kept = getTruncateLen(font, text, 0, width);
+    if (kept <= 0)
+        return text;
+    static std::string cut; // keeps its memory from row to row
+    cut.assign(text, kestro::utf8Offset(text, strlen(text), static_cast<size_t>(kept)));
+    return cut.append("...").c_str();
 }
 
 void TextMenuDrawer::drawLabel(TextMenuItemProvider& row, const RowPlace& place) {
-    const std::string subLabel = row.getSubLabel();
-    if (!subLabel.empty()) {
+    std::string copy;
+    const char* const subLabel = subLabelOf(row, copy);
+    if (*subLabel) {
         drawTwoLines(row, subLabel, place);
         return;
     }
@@ -132,8 +161,7 @@ void TextMenuDrawer::drawLabel(TextMenuItemProvider& row, const RowPlace& place)
     drawSearched(row, rect, mLabelAlign, place.shadow);
 }
 
-void TextMenuDrawer::drawTwoLines(TextMenuItemProvider& row, const std::string& subLabel,
-                                  const RowPlace& place) {
+void TextMenuDrawer::drawTwoLines(TextMenuItemProvider& row, const char* subLabel, const RowPlace& place) {
     static constexpr int firstBaseline = 60; // where the lines end, in pixels below the row's top
     static constexpr int secondBaseline = 90;
     const int height = fontHeight(gListFontTxt);
@@ -141,22 +169,25 @@ void TextMenuDrawer::drawTwoLines(TextMenuItemProvider& row, const std::string& 
     const SDL_Rect first{place.label.x, place.y + firstBaseline - height, place.label.w, height};
     const SDL_Rect second{place.label.x, place.y + secondBaseline - subHeight, place.label.w, subHeight};
     drawSearched(row, first, 0, place.shadow);
-    const std::string shown = cutToWidth(gListFontSubtxt, subLabel, place.label.w);
-    DrawString(gListFontSubtxt, second, shown.c_str(), gListColorSubtxt, 0, place.shadow, false);
+    const char* const shown = cutToWidth(gListFontSubtxt, subLabel, place.label.w);
+    DrawString(gListFontSubtxt, second, shown, gListColorSubtxt, 0, place.shadow, false);
 }
 
 void TextMenuDrawer::drawSearched(TextMenuItemProvider& row, const SDL_Rect& rect, int align, bool shadow) {
-    const std::string label = cutToWidth(gListFontTxt, row.getLabel(), rect.w);
+    std::string copy;
+    const char* const text = labelOf(row, copy);
     if (mKeyword.empty()) {
-        drawListText(gListFontTxt, rect, label.c_str(), mTextColor, align, shadow, "", "", "", "");
+        drawListText(gListFontTxt, rect, cutToWidth(gListFontTxt, text, rect.w), mTextColor, align, shadow,
+                     "", "", "", "");
         return;
     }
     using Initials = std::unique_ptr<char, void (*)(void*)>;
     const std::string extra = row.getExtraText();
-    const Initials labelInitials(GetPinyinInitials2(label.c_str()), free);
+    const char* const label = cutToWidth(gListFontTxt, text, rect.w);
+    const Initials labelInitials(GetPinyinInitials2(label), free);
     const Initials extraInitials(GetPinyinInitials2(extra.c_str()), free);
-    drawListText(gListFontTxt, rect, label.c_str(), mTextColor, align, shadow, mKeyword.c_str(),
-                 labelInitials.get(), extraInitials.get(), extra.c_str());
+    drawListText(gListFontTxt, rect, label, mTextColor, align, shadow, mKeyword.c_str(), labelInitials.get(),
+                 extraInitials.get(), extra.c_str());
 }
 
 int TextMenuDrawer::drawListText(TTF_Font* font, SDL_Rect rect, const char* text, SDL_Color color, int align,
@@ -180,8 +211,9 @@ void TextMenuDrawer::drawThumbnail() {
     if (!mFocus)
         return;
     auto* const row = dynamic_cast<TextMenuItemProvider*>(getItemByIndex(mCursor));
+    std::string copy;
     KestroSurface* const picture =
-        row ? getRowImage(row->getSecondImagePath().c_str(), thumbnailSide, thumbnailSide) : nullptr;
+        row ? getRowImage(thumbnailPathOf(*row, copy), thumbnailSide, thumbnailSide) : nullptr;
     if (!picture)
         return;
     const int boxX = mRect.x + mRect.w - thumbnailMargin - thumbnailSide;

@@ -1,7 +1,11 @@
 #include "services/lru_cache.h"
 
+#include "core/hash_bytes.h"
+
 #include <algorithm>
 #include <utility>
+
+using kestro::hashBytes;
 
 namespace {
 
@@ -26,9 +30,20 @@ LRUCache::~LRUCache() {
     SDL_DestroyMutex(mLock);
 }
 
-std::list<LRUCache::Entry>::iterator LRUCache::find(const std::string& key) {
-    return std::find_if(mEntries.begin(), mEntries.end(),
-                        [&](const Entry& entry) { return entry.key == key; });
+std::list<LRUCache::Entry>::iterator LRUCache::entryOf(std::string_view key, uint64_t hash) {
+    // From both ends at once: one chain of pointers hides what the other waits for. A key stands here only
+    // once.
+    const auto isSought = [&](const Entry& entry) { return entry.hash == hash && entry.key == key; };
+    auto front = mEntries.begin();
+    auto back = mEntries.end();
+    for (size_t left = mEntries.size(); left > 0; left -= std::min<size_t>(left, 2)) {
+        if (isSought(*front))
+            return front;
+        if (isSought(*--back))
+            return back;
+        ++front;
+    }
+    return mEntries.end();
 }
 
 void LRUCache::release(void* value) {
@@ -37,8 +52,13 @@ void LRUCache::release(void* value) {
 }
 
 void* LRUCache::get(std::string key) {
+    return find(key);
+}
+
+void* LRUCache::find(std::string_view key) {
+    const uint64_t hash = hashBytes(key);
     const Locked lock(mLock);
-    const auto found = find(key);
+    const auto found = entryOf(key, hash);
     if (found == mEntries.end())
         return nullptr;
     mEntries.splice(mEntries.begin(), mEntries, found);
@@ -46,8 +66,9 @@ void* LRUCache::get(std::string key) {
 }
 
 void LRUCache::put(std::string key, void* value) {
+    const uint64_t hash = hashBytes(key);
     const Locked lock(mLock);
-    for (auto same = find(key); same != mEntries.end(); same = find(key)) {
+    for (auto same = entryOf(key, hash); same != mEntries.end(); same = entryOf(key, hash)) {
         void* const old = same->value;
         mEntries.erase(same);
         release(old);
@@ -58,12 +79,12 @@ void LRUCache::put(std::string key, void* value) {
         mEntries.pop_back();
         release(oldest);
     }
-    mEntries.push_front({std::move(key), value});
+    mEntries.push_front({hash, std::move(key), value});
 }
 
 void* LRUCache::pop(std::string key) {
     const Locked lock(mLock);
-    const auto found = find(key);
+    const auto found = entryOf(key, hashBytes(key));
     if (found == mEntries.end())
         return nullptr;
     void* const value = found->value;

@@ -4,8 +4,10 @@
 
 #include <SDL_mutex.h>
 
+#include <cstdint>
 #include <list>
 #include <string>
+#include <string_view>
 
 /// A small string-keyed cache of pointers that forgets what was used longest ago.
 ///
@@ -26,6 +28,9 @@ public:
     /// byte; the empty string is a key like any other.
     void* get(std::string key);
 
+    /// The same for a key that is no string yet: nothing is copied.
+    void* find(std::string_view key);
+
     /// Stores `value`, which may be null, under `key` as the most recently used. A value already stored
     /// there is released first, even when it is the same pointer.
     void put(std::string key, void* value);
@@ -38,6 +43,7 @@ public:
 
 private:
     struct Entry {
+        uint64_t hash; // of the key, first: most entries that a scan passes differ in it
         std::string key;
         void* value;
     };
@@ -47,6 +53,6 @@ private:
     SDL_mutex* mLock;
     int mCapacity;
 
-    KESTRO_HIDDEN std::list<Entry>::iterator find(const std::string& key);
+    KESTRO_HIDDEN std::list<Entry>::iterator entryOf(std::string_view key, uint64_t hash);
     KESTRO_HIDDEN void release(void* value);
 };

@@ -5,11 +5,12 @@
 #include "services/process_list_internal.h"
 
 #include <cctype>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <dirent.h>
+#include <fcntl.h>
 #include <string>
+#include <unistd.h>
 
 using kestro::devicePath;
 
@@ -53,14 +54,32 @@ private:
     int mId = -1;
     char mCommand[512] = "";
 
+    /// In as few system calls as can be, since they are what this takes: a path from the open folder, and no
+    /// reading on once the end of the first argument is there.
     void readCommand(const char* process) {
-        const std::string path = std::string("/proc/") + process + "/cmdline";
+        char path[sizeof dirent::d_name + sizeof "/cmdline"];
+        strcpy(stpcpy(path, process), "/cmdline");
         size_t length = 0;
-        if (FILE* const file = fopen(devicePath(path.c_str()), "r")) {
-            length = fread(mCommand, 1, sizeof mCommand - 1, file);
-            fclose(file);
+        const int file = openat(dirfd(mFolder), path, O_RDONLY | O_CLOEXEC);
+        if (file >= 0) {
+            length = readFirstArgument(file);
+            close(file);
         }
         mCommand[length] = 0;
+    }
+
+    size_t readFirstArgument(int file) {
+        size_t length = 0;
+        while (length < sizeof mCommand - 1) {
+            const ssize_t got = read(file, mCommand + length, sizeof mCommand - 1 - length);
+            if (got <= 0)
+                break;
+            const void* const end = memchr(mCommand + length, 0, static_cast<size_t>(got));
+            length += static_cast<size_t>(got);
+            if (end)
+                break;
+        }
+        return length;
     }
 };
 

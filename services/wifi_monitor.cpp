@@ -10,9 +10,11 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <mutex>
 #include <pthread.h>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using kestro::devicePath;
@@ -60,8 +62,34 @@ static void ask(const std::string& command, const std::string& redirection) {
                            .c_str());
 }
 
+static bool isOwnFile(int descriptor) {
+    struct stat status {};
+    return descriptor >= 0 && fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
+           status.st_uid == geteuid() && status.st_nlink == 1;
+}
+
+/// Makes sure that the file that the shell is about to write is our own. Everybody may write to its folder,
+/// and a link that somebody has put there could lead to any file.
+static bool claimScratchFile(const char* path) {
+    constexpr int flags = O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    constexpr mode_t mode = 0644;
+    int descriptor = open(path, flags, mode);
+    bool ours = isOwnFile(descriptor);
+    if (!ours && unlink(path) == 0) {
+        if (descriptor >= 0)
+            close(descriptor);
+        descriptor = open(path, flags | O_EXCL, mode);
+        ours = descriptor >= 0;
+    }
+    if (descriptor >= 0)
+        close(descriptor);
+    return ours;
+}
+
 WpaMsg rx_get_wpa_msg() {
     const std::lock_guard<std::mutex> lock(sMonitor.asking);
+    if (!claimScratchFile(devicePath("/tmp/wpa_status.txt")))
+        return {};
     ask("status", ">");
     ask("signal_poll", ">>");
     char text[4096] = "";

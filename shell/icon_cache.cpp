@@ -6,7 +6,7 @@
 KestroSurface* getIconFromCache(const char* path) {
     if (!path)
         return nullptr;
-    if (void* const cached = gIconCache.get(path))
+    if (void* const cached = gIconCache.find(path))
         return static_cast<KestroSurface*>(cached);
     KestroSurface* const icon = LoadKestroSurface(gThemePath, "./", path);
     if (icon)

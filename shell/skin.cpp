@@ -4,6 +4,7 @@
 #include "core/log.h"
 #include "gfx/image.h"
 #include "gfx/surface_cache.h"
+#include "gfx/truncate_memo.h"
 #include "platform/device_path.h"
 #include "system/settings_journal.h"
 #include "system/system_state_keys.h"
@@ -82,8 +83,9 @@ static void deletePicture(KestroSurface*& picture) {
 }
 
 int uninit_shared_skin() {
-    // A font opened later may get the address of one closed now, which is part of the texts' keys.
+    // A font opened later may get the address of one closed now, which is what texts and labels are known by.
     gTextSurfaceCache.clear();
+    kestro::forgetTruncateLens();
     for (const auto& [font, points] : fonts) {
         if (*font && TTF_WasInit())
             TTF_CloseFont(*font);

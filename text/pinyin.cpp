@@ -4,42 +4,124 @@
 #include "text/pinyin_table.h"
 #include "text/utf8.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <iterator>
 
-std::map<unsigned int, const char*> gPinyinMap KESTRO_LOADED_PINYIN_MAP;
+using Readings = std::map<unsigned int, const char*>;
 
-void InitPinYinMap() {
-    gPinyinMap.clear();
-    for (const kestro::PinyinRecord& record : kestro::pinyinRecords)
-        gPinyinMap.emplace_hint(gPinyinMap.end(), record.codePoint, kestro::pinyinSyllables[record.syllable]);
+Readings gPinyinMap KESTRO_LOADED_PINYIN_MAP;
+
+namespace {
+
+/// The initials that were found in gPinyinMap, so that it is searched once for each character. A reading that
+/// a host puts in the place of another is seen when entries come or go, or with the next InitPinYinMap.
+class FoundInitials {
+public:
+    void forget() {
+        memset(mInitials, 0, sizeof mInitials);
+        noteMap();
+    }
+
+    /// Forgets if the map is not what it was.
+    void check() {
+        if (mSize != gPinyinMap.size() || mFirst != firstOf(gPinyinMap))
+            forget();
+    }
+
+    char of(uint32_t codePoint) {
+        const char known = codePoint < sizeof mInitials ? mInitials[codePoint] : '\0';
+        return known ? known : search(codePoint);
+    }
+
+private:
+    char mInitials[0x10000]; // of nearly all that names are made of
+    size_t mSize;
+    const Readings::value_type* mFirst;
+
+    static const Readings::value_type* firstOf(const Readings& readings) {
+        return readings.empty() ? nullptr : &*readings.begin();
+    }
+
+    void noteMap() {
+        mSize = gPinyinMap.size();
+        mFirst = firstOf(gPinyinMap);
+    }
+
+    char search(uint32_t codePoint) {
+        const char*& syllable = gPinyinMap[codePoint];
+        if (!syllable)
+            syllable = ""; // so that nobody who walks the map meets a null
+        noteMap();
+        const char initial = *syllable ? *syllable : ' ';
+        if (codePoint < sizeof mInitials)
+            mInitials[codePoint] = initial;
+        return initial;
+    }
+};
+
+FoundInitials sFound;
+
+} // namespace
+
+static const char* syllableOf(const kestro::PinyinRecord& record) {
+    return kestro::pinyinSyllables[record.syllable];
 }
 
-static char initialOf(uint32_t codePoint) {
-    if (codePoint < 128)
-        return static_cast<char>(codePoint);
-    const char*& syllable = gPinyinMap[codePoint];
-    if (!syllable)
-        syllable = ""; // so that nobody who walks the map meets a null
-    return *syllable ? *syllable : ' ';
+/// Where the last record of the table would stand among the others, all of which ascend.
+static size_t placeOfLast() {
+    const kestro::PinyinRecord* const last = std::end(kestro::pinyinRecords) - 1;
+    const auto isBelow = [](const auto& a, const auto& b) { return a.codePoint < b.codePoint; };
+    const auto* const place = std::lower_bound(kestro::pinyinRecords, last, *last, isBelow);
+    return static_cast<size_t>(place - kestro::pinyinRecords);
+}
+
+/// Walks from both ends at once, which the processor does almost as fast as from one.
+static bool isFilled() {
+    constexpr size_t size = std::size(kestro::pinyinRecords);
+    if (gPinyinMap.size() != size)
+        return false;
+    const size_t place = placeOfLast();
+    const auto isRecord = [place](const Readings::value_type& entry, size_t index) {
+        const size_t at = index < place ? index : index == place ? size - 1 : index - 1;
+        const kestro::PinyinRecord& record = kestro::pinyinRecords[at];
+        return entry.first == record.codePoint && entry.second == syllableOf(record);
+    };
+    auto first = gPinyinMap.begin();
+    auto last = std::prev(gPinyinMap.end());
+    for (size_t i = 0; i <= size / 2; ++i, ++first, --last)
+        if (!isRecord(*first, i) || !isRecord(*last, size - 1 - i))
+            return false;
+    return true;
+}
+
+void InitPinYinMap() {
+    sFound.forget();
+    if (isFilled())
+        return;
+    gPinyinMap.clear();
+    for (const kestro::PinyinRecord& record : kestro::pinyinRecords)
+        gPinyinMap.emplace_hint(gPinyinMap.end(), record.codePoint, syllableOf(record));
 }
 
 char* GetPinyinInitials2(const char* text) {
     if (!text)
         text = "";
     const size_t length = strlen(text);
-    char* const initials = static_cast<char*>(calloc(kestro::countUtf8(text, length) + 1, 1));
+    char* const initials = static_cast<char*>(malloc(length + 1)); // a byte too many for some
     if (!initials)
         return nullptr;
+    sFound.check();
     char* out = initials;
     for (size_t at = 0; at < length;) {
         const kestro::Utf8Step step = kestro::decodeUtf8(text + at, length - at);
-        *out++ = initialOf(step.codePoint);
+        *out++ = step.codePoint < 128 ? static_cast<char>(step.codePoint) : sFound.of(step.codePoint);
         at += step.length;
     }
+    *out = 0;
     return initials;
 }
-
 /// The bytes of the `count` code points at `text`, of which `length` bytes remain.
 static size_t walk(const char* text, size_t length, size_t count) {
     size_t at = 0;

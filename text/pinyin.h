@@ -6,7 +6,9 @@
 
 /// The reading of Chinese characters: pinyin syllable with tone digit by code point, such as "zhong1" for
 /// U+4E2D. Empty at load. Looking up a character that is not in it adds it with an empty syllable. The
-/// syllables live for ever. Not locked: main thread.
+/// syllables live for ever. A host may add and take out readings at any time; one that it puts in the place
+/// of another counts for characters that were not looked up yet, until entries come or go. Not locked: main
+/// thread.
 extern KESTRO_API std::map<unsigned int, const char*> gPinyinMap;
 
 /// Fills gPinyinMap with the 25360 characters that the library knows, and with nothing else. Readings are

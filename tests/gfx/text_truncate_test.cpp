@@ -1,6 +1,7 @@
 #include "gfx/text.h"
 
 #include "support/real_function.h"
+#include "support/reused_memory.h"
 #include "support/screen_test.h"
 
 #include <algorithm>
@@ -14,9 +15,13 @@
 /// A character that SDL_ttf fails to measure, 0 for none.
 static Uint16 sUnmeasured = 0;
 
+/// The characters that SDL_ttf was asked for.
+static std::u16string sMeasured;
+
 extern "C" int TTF_GlyphMetrics(TTF_Font* font, Uint16 character, int* minX, int* maxX, int* minY, int* maxY,
                                 int* advance) {
     static const auto real = REAL_FUNCTION(TTF_GlyphMetrics);
+    sMeasured += static_cast<char16_t>(character);
     if (character == sUnmeasured && character)
         return -1;
     return real(font, character, minX, maxX, minY, maxY, advance);
@@ -214,4 +219,71 @@ TEST_F(TruncateTest, NothingToMeasureGivesZero) {
     EXPECT_EQ(getTruncateLen(nullptr, "A label that is rather long", 0, 50), 0);
     EXPECT_EQ(getTruncateLen(medium, nullptr, 0, 50), 0);
     EXPECT_EQ(getTruncateLen(nullptr, nullptr, 0, 50), 0);
+}
+
+TEST_F(TruncateTest, TheSameLabelIsMeasuredOnce) {
+    for (const std::string& text : texts)
+        length(text, 200);
+    sMeasured.clear();
+    for (const std::string& text : texts)
+        EXPECT_EQ(length(text, 200), wantedLength(medium, text, 200));
+    sMeasured.clear();
+    for (const std::string& text : texts)
+        length(text, 200);
+    EXPECT_EQ(sMeasured.find_first_not_of(u'M'),
+              std::u16string::npos); // that one tells whether the font is the same
+}
+
+TEST_F(TruncateTest, RepeatedLabelsFollowTheArithmeticToo) {
+    std::mt19937 random(20260104);
+    std::vector<std::string> labels;
+    for (int i = 0; i < 600; ++i) {
+        const std::string& text = texts[random() % std::size(texts)];
+        labels.push_back(text.substr(std::min<size_t>(random() % 20, text.size())) + std::to_string(i % 300));
+    }
+    TTF_Font* const fonts[] = {medium, font(17), font(44)};
+    for (int round = 0; round < 5000; ++round) {
+        const std::string& label = labels[random() % (round % 2 ? 20 : labels.size())];
+        TTF_Font* const any = fonts[random() % std::size(fonts)];
+        const int width = 100 * static_cast<int>(1 + random() % 3);
+        ASSERT_EQ(getTruncateLen(any, label.c_str(), 0, width), wantedLength(any, label, width)) << label;
+    }
+}
+
+TEST_F(TruncateTest, AFontAtTheAddressOfAClosedOneIsMeasuredItself) {
+    const ReusedMemory memory;
+    const std::string& label = texts[2];
+    int met = 0;
+    for (int points = 12; points < 60; ++points) {
+        TTF_Font* const closed = TTF_OpenFont(TEST_FONT, points);
+        ASSERT_EQ(getTruncateLen(closed, label.c_str(), 0, 300), wantedLength(closed, label, 300));
+        TTF_CloseFont(closed);
+        TTF_Font* const opened = TTF_OpenFont(TEST_FONT, points + 7);
+        met += opened == closed;
+        EXPECT_EQ(getTruncateLen(opened, label.c_str(), 0, 300), wantedLength(opened, label, 300)) << points;
+        TTF_CloseFont(opened);
+    }
+    EXPECT_GT(met, 0);
+}
+
+TEST_F(TruncateTest, AFontThatIsChangedIsMeasuredAnew) {
+    const std::string& label = texts[0];
+    const auto expectMeasured = [&] { EXPECT_EQ(length(label, 250), wantedLength(medium, label, 250)); };
+    expectMeasured();
+    TTF_SetFontSize(medium, 31);
+    expectMeasured();
+    TTF_SetFontStyle(medium, TTF_STYLE_BOLD);
+    expectMeasured();
+    TTF_SetFontOutline(medium, 6);
+    expectMeasured();
+    TTF_SetFontSizeDPI(medium, 24, 200, 72);
+    expectMeasured();
+}
+
+TEST_F(TruncateTest, LabelsOfAnyLengthAreMeasured) {
+    for (const size_t bytes : {1023U, 1024U, 1025U, 50'000U}) {
+        const std::string label(bytes, 'i');
+        for (int again = 0; again < 2; ++again)
+            EXPECT_EQ(length(label, 700), wantedLength(medium, label, 700)) << bytes;
+    }
 }

@@ -66,17 +66,18 @@ TEST_F(DirBadInputTest, AFolderThatMayNotBeReadIsEmpty) {
     EXPECT_EQ(takeLog(), "found menu for base/locked\n");
 }
 
-TEST_F(DirBadInputTest, AFolderThatVanishesWhileItIsReadGivesTheRowsUntilThen) {
+TEST_F(DirBadInputTest, AFolderThatVanishesWhileItIsReadGivesTheRowsThatItHadToldOf) {
     make({"base/gone/1", "base/gone/2", "base/gone/3"});
     onEntry = [](const char* name, const char*, int) {
         fs::remove_all("base/gone");
         return plainRow(name);
     };
     browser.LoadDir("base", "base/gone");
-    const std::string log = takeLog();
-    EXPECT_EQ(calls.size(), 1u); // nothing that comes after it can be examined
-    EXPECT_THAT(log, testing::HasSubstr("loaddir base/gone 1\n"));
-    EXPECT_EQ(browser.getItemNum(), 1u);
+    const size_t rows = browser.getItemNum();
+    EXPECT_THAT(takeLog(), testing::EndsWith("loaddir base/gone " + std::to_string(rows) + "\n"));
+    EXPECT_GE(rows, 1u);
+    EXPECT_LE(rows, 4u); // with the way up: those of which the folder had told the kind
+    EXPECT_EQ(calls.size(), rows);
     browser.freeCache();
     EXPECT_TRUE(browser.ParentDir()->empty());
     takeLog();

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <random>
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
@@ -20,6 +21,16 @@ protected:
 };
 
 constexpr char name[] = "wpa_supplicant";
+
+/// The number of the process by another reading of the same rules, with the whole of its command at hand.
+int plainlyFound(const std::string& wanted, const std::string& command) {
+    const std::string argument = command.substr(0, 511).c_str();
+    const size_t at = argument.find(wanted);
+    if (at == argument.npos)
+        return -1;
+    const std::string after = argument.substr(at + wanted.size(), 1);
+    return after.empty() || after == " " ? 4711 : -1;
+}
 
 } // namespace
 
@@ -69,6 +80,27 @@ TEST_F(ProcessListTest, Only511BytesOfTheCommandCount) {
     EXPECT_EQ(find(name, std::string(1 << 20, 'a') + name), -1);
 }
 
+TEST_F(ProcessListTest, WhatIsFoundInRandomCommandsIsRight) {
+    std::mt19937 random(11);
+    int found = 0;
+    for (int round = 0; round < 1500; ++round) {
+        static const std::string pieces[] = {"ab", "a", "b", " ", "/", "\0"s, "\xFF", "abab", "ba "};
+        const auto text = [&random](size_t count) {
+            std::string made;
+            for (; count > 0; --count)
+                made += pieces[random() % std::size(pieces)];
+            return made;
+        };
+        const std::string fill(random() % 4 == 0 ? 480 + random() % 40 : 0, 'c');
+        const std::string command = fill + text(random() % 14);
+        const std::string wanted = text(random() % 4).c_str();
+        const int process = find(wanted, command);
+        ASSERT_EQ(process, plainlyFound(wanted, command)) << testing::PrintToString(command) << " " << wanted;
+        found += process > 0 ? 1 : 0;
+    }
+    EXPECT_GT(found, 100);
+}
+
 TEST_F(ProcessListTest, OnlyEntriesThatBeginWithADigitAreProcesses) {
     addProcess("self", name);
     addProcess("-5", name);
@@ -85,6 +117,15 @@ TEST_F(ProcessListTest, UnreadableCommandIsEmpty) {
     EXPECT_EQ(check_process_exist(name, false), -1);
     fs::remove_all(onDevice("/proc/13"));
     EXPECT_EQ(check_process_exist("", false), 12) << "an empty text holds the empty name";
+}
+
+TEST_F(ProcessListTest, UnreadableCommandIsNotTheOneBefore) {
+    addProcess("30", "hostapd2");
+    for (int id = 31; id < 60; ++id)
+        fs::create_directories(onDevice("/proc/" + std::to_string(id)));
+    EXPECT_EQ(check_process_exist("hostapd", true), -1);
+    EXPECT_EQ(takeLog(), "[check: hostapd] p=hostapd2 in hostapd2, pnlen=7, cmp 0, p[7]=50\n"
+                         "[check: hostapd] fail\n");
 }
 
 TEST_F(ProcessListTest, OneOfManyIsFound) {
@@ -154,7 +195,11 @@ TEST_F(ProcessListTest, EverythingIsClosedAgain) {
 
 TEST_F(ProcessListTest, WithoutARootTheProcessesAreTheSystems) {
     unsetenv("KESTRO_DEVICE_ROOT");
-    const std::string own = readFile("/proc/self/cmdline").c_str();
+    // From inside its folder: valgrind makes up another command for who asks by the whole path.
+    const fs::path workingFolder = fs::current_path();
+    fs::current_path("/proc/self");
+    const std::string own = readFile("cmdline").c_str();
+    fs::current_path(workingFolder);
     OpenedPaths paths;
     EXPECT_GT(check_process_exist(own.c_str(), false), 0);
     EXPECT_THAT(paths.take(), AllOf(testing::Not(testing::IsEmpty()),

@@ -1,5 +1,6 @@
 #include "support/wifi_monitor_test.h"
 #include "services/process_list.h"
+#include "shell/status_icons.h"
 
 #include <atomic>
 #include <fstream>
@@ -114,7 +115,7 @@ TEST_F(WifiMonitorTest, WithoutTheProcessNobodyIsAskedAndTheRecordStays) {
     polls();
     EXPECT_EQ(takeCalls(), "");
     EXPECT_EQ(rx_wifi_status()->state, 4);
-    addProcess("78", "wpa_supplicant");
+    addProcess("0", "wpa_supplicant"); // any number will do
     polls();
     EXPECT_EQ(rx_wifi_status()->state, 2);
 }
@@ -152,6 +153,21 @@ TEST_F(WifiMonitorTest, RecordIsReadWhileItIsWritten) {
         polls();
     done = true;
     reader.join();
+}
+
+TEST_F(WifiMonitorTest, IconIsDrawnWhileTheRecordIsWritten) {
+    addClient("wpa_state=COMPLETED\n", "RSSI=-61\n");
+    start();
+    std::atomic<bool> done{false};
+    std::thread polling([this, &done] {
+        for (int i = 0; i < 20; ++i)
+            polls();
+        done = true;
+    });
+    while (!done)
+        EXPECT_EQ(draw_wifi_icon(true, 0, 0), 42);
+    polling.join();
+    takeLog(); // there are no pictures
 }
 
 TEST_F(HangingClientTest, HoldsUpNobodyButTheMonitor) {

@@ -3,7 +3,9 @@
 #include "support/wifi_test.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
+#include <sys/stat.h>
 #include <thread>
 #include <vector>
 
@@ -40,13 +42,15 @@ TEST_F(WifiPollTest, WithoutARootTheCommandsAndTheFileAreTheDevicesOwn) {
     unsetenv("KESTRO_DEVICE_ROOT");
     CommandLog commands;
     OpenedPaths paths;
-    paths.refuse("/tmp/wpa_status.txt");
-    EXPECT_TRUE(isZero(rx_get_wpa_msg()));
+    const bool wasThere = fs::exists("/tmp/wpa_status.txt");
+    rx_get_wpa_msg();
+    if (!wasThere)
+        fs::remove("/tmp/wpa_status.txt");
     EXPECT_THAT(
         commands.take(),
         testing::ElementsAre("wpa_cli -p /etc/wifi/sockets -i wlan0 status > /tmp/wpa_status.txt",
                              "wpa_cli -p /etc/wifi/sockets -i wlan0 signal_poll >> /tmp/wpa_status.txt"));
-    EXPECT_THAT(paths.take(), testing::ElementsAre("/tmp/wpa_status.txt"));
+    EXPECT_THAT(paths.take(), testing::ElementsAre("/tmp/wpa_status.txt", "/tmp/wpa_status.txt"));
 }
 
 TEST_F(WifiPollTest, WithARootTheyAreInsideIt) {
@@ -119,6 +123,23 @@ TEST_F(WifiPollTest, OfAMegabyteOnlyTheBeginningIsRead) {
     EXPECT_GT(fs::file_size(scratch()), 2u << 20);
 }
 
+TEST_F(WifiPollTest, AnswerIsReadUpTo4095Bytes) {
+    const std::string fill = "RSSI=" + std::string(4095 - strlen("RSSI=-61"), ' ');
+    addClient(fill + "-61", "2");
+    EXPECT_EQ(rx_get_wpa_msg().rssi, -61);
+    EXPECT_EQ(readFile(scratch()), fill + "-612");
+}
+
+TEST_F(WifiPollTest, FilesAreClosedAgain) {
+    const auto openFiles = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    addClient("wpa_state=COMPLETED\n", "");
+    rx_get_wpa_msg();
+    const auto before = openFiles();
+    for (int i = 0; i < 3; ++i)
+        rx_get_wpa_msg();
+    EXPECT_EQ(openFiles(), before);
+}
+
 TEST_F(WifiPollTest, MegabyteInOneValueIsCut) {
     addClientThatRuns("echo; printf ssid=; head -c 1048576 /dev/zero | tr '\\0' x");
     EXPECT_EQ(rx_get_wpa_msg().ssid, std::string(63, 'x'));
@@ -173,4 +194,34 @@ TEST_F(WifiPollTest, PollsOfSeveralThreadsTakeTurns) {
         EXPECT_STREQ(message.ip_address, "10.0.0.7");
         EXPECT_EQ(message.rssi, -61);
     }
+}
+
+// Everybody may write to the folder of the scratch file.
+TEST_F(WifiPollTest, NothingThatOthersHavePutThereIsWrittenTo) {
+    addClient("wpa_state=COMPLETED\n", "");
+    const std::string victim = onDevice("/tmp/victim");
+    for (const bool hardLink : {false, true}) {
+        writeFile(victim, "precious");
+        fs::remove(scratch());
+        hardLink ? fs::create_hard_link(victim, scratch()) : fs::create_symlink(victim, scratch());
+        EXPECT_EQ(rx_get_wpa_msg().state, 4) << hardLink;
+        EXPECT_EQ(readFile(victim), "precious") << hardLink;
+        EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(scratch()))) << hardLink;
+    }
+    takeCalls();
+}
+
+TEST_F(WifiPollTest, APipeInItsPlaceKeepsNobodyWaiting) {
+    addClient("wpa_state=COMPLETED\n", "");
+    fs::remove(scratch());
+    ASSERT_EQ(mkfifo(scratch().c_str(), 0600), 0);
+    EXPECT_EQ(rx_get_wpa_msg().state, 4);
+    takeCalls();
+}
+
+TEST_F(WifiPollTest, WhatCannotBeRemovedIsNotAsked) {
+    addClient("wpa_state=COMPLETED\n", "");
+    fs::create_directories(scratch() + "/folder");
+    EXPECT_TRUE(isZero(rx_get_wpa_msg()));
+    EXPECT_EQ(takeCalls(), "");
 }

@@ -69,6 +69,18 @@ TEST_F(WorkThreadEndTest, ThreadLivesAsLongAsTheObject) {
     EXPECT_TRUE(threadDisappears("bgworker"));
 }
 
+TEST_F(WorkThreadEndTest, ThreadReturns0) {
+    for (const bool busy : {false, true}) {
+        made = std::make_unique<BGWorkThread>(5);
+        if (busy)
+            keepBusy(*made);
+        const ThreadWait wait([this] { gate.open(); });
+        made.reset();
+        EXPECT_EQ(wait.returned(), 0);
+    }
+    log.take();
+}
+
 TEST_F(WorkThreadEndTest, JobsThatStillWaitAreDeletedUnrunAfterTheOneThatRuns) {
     keepBusy(*made);
     add(*made, {"A", "B", "C"});

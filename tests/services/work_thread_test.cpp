@@ -4,6 +4,8 @@
 
 #include <atomic>
 #include <climits>
+#include <deque>
+#include <future>
 #include <memory>
 #include <pthread.h>
 #include <type_traits>
@@ -175,6 +177,53 @@ TEST_F(WorkThreadTest, OneJobRunsAtATime) {
         thread.addWorker(job("", work));
     EXPECT_THAT(finish("last"), testing::SizeIs(51 * 3));
     EXPECT_EQ(most, 1);
+}
+
+/// Asks, from yet another thread, for the lock of a work thread.
+class LockProbe {
+public:
+    explicit LockProbe(BGWorkThread& thread) : mThread(thread) {}
+
+    bool isFree() {
+        mAnswers.push_back(std::async(std::launch::async, [this] { delete mThread.getWorker(); }));
+        return mAnswers.back().wait_for(std::chrono::seconds(5)) == std::future_status::ready;
+    }
+
+private:
+    BGWorkThread& mThread;
+    std::deque<std::future<void>> mAnswers; // kept: their end waits for the answer
+};
+
+/// A job that notes whether the lock is free, at each of its steps.
+class ProbingJob : public BGWorker {
+public:
+    ProbingJob(JobLog& log, LockProbe& probe) : mLog(log), mProbe(probe) {}
+    ~ProbingJob() override { note("delete"); }
+    void process() override { note("process"); }
+    void complete() override { note("complete"); }
+
+private:
+    JobLog& mLog;
+    LockProbe& mProbe;
+
+    void note(const std::string& step) { mLog.add(step + (mProbe.isFree() ? " free" : " locked")); }
+};
+
+TEST_F(WorkThreadTest, TheLockIsFreeWhileAJobRunsAndCompletesAndIsDeleted) {
+    BGWorkThread thread(5);
+    LockProbe probe(thread);
+    thread.addWorker(new ProbingJob(log, probe));
+    EXPECT_EQ(log.takeUpTo("delete free"), (Entries{"process free", "complete free", "delete free"}));
+}
+
+TEST_F(WorkThreadTest, TheLockIsFreeWhileADroppedJobIsDeleted) {
+    BGWorkThread thread(1);
+    LockProbe probe(thread);
+    keepBusy(thread);
+    thread.addWorker(new ProbingJob(log, probe));
+    thread.addWorker(nullptr);
+    EXPECT_EQ(log.take(), Entries{"delete free"});
+    gate.open();
 }
 
 TEST(WorkThreadInterfaceTest, OperationsStandInTheirSlots) {

@@ -3,6 +3,9 @@
 #include "support/theme_picture_test.h"
 
 #include <filesystem>
+#include <initializer_list>
+#include <utility>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -44,6 +47,11 @@ protected:
         gBackground->render(nullptr, nullptr, true, nullptr);
     }
 
+    void rotate() {
+        openThemed(1);
+        gBackground->render(nullptr, nullptr, true, nullptr);
+    }
+
     void setMarker(const std::string& path, bool set) {
         fs::remove(onDevice(path));
         if (set)
@@ -56,20 +64,22 @@ protected:
         ListedPage(what, {}).drawNavBar(mTop);
         mTop += 64;
     }
+
+    void drawBattery();
+    void drawOthers();
 };
 
 INSTANTIATE_TEST_SUITE_P(English, StatusIconsPictureTest, testing::Values("en"));
 
-TEST_P(StatusIconsPictureTest, TheBatteryInEachState) {
+void StatusIconsPictureTest::drawBattery() {
     for (const bool usb : {false, true})
         for (const int level : {4, 5, 25, 50, 100}) {
             setBattery(level, usb);
             drawBar(std::to_string(level) + (usb ? " %, on USB power" : " %"));
         }
-    expectPicture("status-battery");
 }
 
-TEST_P(StatusIconsPictureTest, TheOthersInEachState) {
+void StatusIconsPictureTest::drawOthers() {
     gTestHost.table[0] = 0;
     drawBar("silent");
     gTestHost.table[0] = 1;
@@ -91,5 +101,61 @@ TEST_P(StatusIconsPictureTest, TheOthersInEachState) {
     g_wpa_msg.state = 4;
     setMarker("/dev/dsp1", true);
     drawBar("all of them");
+}
+
+TEST_P(StatusIconsPictureTest, TheBatteryInEachState) {
+    drawBattery();
+    expectPicture("status-battery");
+}
+
+TEST_P(StatusIconsPictureTest, TheOthersInEachState) {
+    drawOthers();
     expectPicture("status-others");
+}
+
+TEST_P(StatusIconsPictureTest, TheBatteryInEachStateOnARotatedScreen) {
+    rotate();
+    drawBattery();
+    ScreenUpdateAndFlip();
+    expectPicture("status-battery-rotated");
+}
+
+TEST_P(StatusIconsPictureTest, TheOthersInEachStateOnARotatedScreen) {
+    rotate();
+    drawOthers();
+    ScreenUpdateAndFlip();
+    expectPicture("status-others-rotated");
+}
+
+/// The bar at the bottom in each of its states, under each other.
+class HintsPictureTest : public ThemePictureTest {
+protected:
+    /// Draws the bar as if these pictures were missing.
+    void drawBar(std::initializer_list<KestroSurface**> missing = {}) {
+        std::vector<KestroSurface*> pictures;
+        for (KestroSurface** const picture : missing)
+            pictures.push_back(std::exchange(*picture, nullptr));
+        ListedPage("", {}).drawStatBar(mTop - 650);
+        mTop += 80;
+        size_t next = 0;
+        for (KestroSurface** const picture : missing)
+            *picture = pictures[next++];
+    }
+
+    int mTop = 5;
+};
+
+INSTANTIATE_TEST_SUITE_P(Languages, HintsPictureTest, testing::Values("en", "ch"),
+                         [](const auto& given) { return given.param; });
+
+TEST_P(HintsPictureTest, InEachState) {
+    gBackground->render(nullptr, nullptr, true, nullptr);
+    for (const int swapped : {0, 1}) {
+        gTestHost.table[19] = swapped;
+        drawBar();
+        drawBar({&gIconA});
+        drawBar({&gIconB});
+        drawBar({&gIconMenu});
+    }
+    expectPage("hints");
 }

@@ -28,6 +28,18 @@ protected:
     std::vector<std::string> drawnBy(IconDrawer drawer, int used = 0, int offset = 0) {
         return drawn([=] { return drawer(true, used, offset); });
     }
+
+    /// The result for a user who has no rights of their own, as the superuser has.
+    int usedForAnyone(IconDrawer drawer) const {
+        EXPECT_EQ(chmod(folder().c_str(), 0755), 0);
+        const uid_t user = getuid();
+        if (user == 0) { // who may read everything
+            EXPECT_EQ(setreuid(65534, static_cast<uid_t>(-1)), 0);
+        }
+        const int used = drawer(true, 0, 0);
+        EXPECT_EQ(setreuid(user, static_cast<uid_t>(-1)), 0);
+        return used;
+    }
 };
 
 TEST_F(StatusIconsTest, AVolumeOfOneOrMoreShowsSound) {
@@ -66,16 +78,19 @@ TEST_F(StatusIconsTest, WithoutAHeadphoneTheCellIsLeftAlone) {
 
 TEST_F(StatusIconsTest, AHeadphoneDeviceThatCannotBeReadDoesNotCount) {
     setMarker("/dev/dsp1");
-    ASSERT_EQ(chmod(folder().c_str(), 0755), 0);
     for (const auto& [mode, used] : {std::pair{0444, 42}, {0222, 0}}) {
         ASSERT_EQ(chmod(onDevice("/dev/dsp1").c_str(), static_cast<mode_t>(mode)), 0);
-        const uid_t user = getuid();
-        if (user == 0) { // who may read everything
-            ASSERT_EQ(setreuid(65534, static_cast<uid_t>(-1)), 0);
-        }
-        EXPECT_EQ(draw_hotplug(true, 0, 0), used);
-        ASSERT_EQ(setreuid(user, static_cast<uid_t>(-1)), 0);
+        EXPECT_EQ(usedForAnyone(draw_hotplug), used);
     }
+    takeLog();
+}
+
+TEST_F(StatusIconsTest, ABluetoothMarkerNeedNotBeReadable) {
+    for (const char* const marker : {"/tmp/btdev_addr", "/tmp/bluetooth_ready"}) {
+        setMarker(marker);
+        ASSERT_EQ(chmod(onDevice(marker).c_str(), 0222), 0);
+    }
+    EXPECT_EQ(usedForAnyone(draw_bluetooth_icon), 42);
     takeLog();
 }
 

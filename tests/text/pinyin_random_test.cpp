@@ -41,15 +41,28 @@ std::vector<size_t> starts(const Bytes& text) {
     return all;
 }
 
-Bytes initialsOf(const Bytes& text) {
+using Readings = std::map<unsigned, const char*>;
+
+/// The initials by these readings, to which the characters are added that are not in them.
+Bytes initialsOf(const Bytes& text, Readings& readings) {
     Bytes initials;
     for (const size_t at : starts(text)) {
         const unsigned value = characterAt(text, at).first;
-        const auto found = gPinyinMap.find(value);
-        const bool known = found != gPinyinMap.end() && *found->second;
-        initials += value < 128 ? static_cast<char>(value) : known ? *found->second : ' ';
+        if (value < 128)
+            initials += static_cast<char>(value);
+        else if (const char* const syllable = readings.try_emplace(value, "").first->second)
+            initials += *syllable ? *syllable : ' ';
+        else
+            initials += ' ';
     }
     return initials;
+}
+
+/// The same characters with the same syllables.
+bool alike(const Readings& a, const Readings& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
+        return x.first == y.first && strcmp(x.second ? x.second : "", y.second ? y.second : "") == 0;
+    });
 }
 
 /// The length of a match of `key` that begins at the byte `start`.
@@ -91,6 +104,28 @@ protected:
         return text;
     }
 
+    /// A character of which most have no reading, but some do.
+    unsigned randomCharacter() { return static_cast<unsigned>(below(3) ? below(0x3500) : below(0x2A000)); }
+
+    /// Takes some readings out, puts others in or in the place of others. What a host replaces is seen when
+    /// entries come or go, so one of them always comes.
+    void changeReadings() {
+        for (size_t times = below(4); times > 0; --times) {
+            gPinyinMap.erase(randomCharacter());
+            gPinyinMap[randomCharacter()] = below(3) ? "x1" : "";
+            gPinyinMap.begin()->second = "y2";
+            gPinyinMap.rbegin()->second = below(5) ? "w3" : nullptr;
+        }
+        for (unsigned next = 0xE000; gPinyinMap.size() == mSizeBefore; ++next)
+            gPinyinMap.emplace(next, "");
+        if (below(20) == 0)
+            gPinyinMap.clear();
+        else if (below(20) == 0)
+            InitPinYinMap();
+        mSizeBefore = gPinyinMap.size();
+    }
+    size_t mSizeBefore = 0;
+
     Bytes randomKey(const Bytes& initials) {
         if (initials.empty() || below(4) == 0)
             return randomText(3);
@@ -102,23 +137,62 @@ protected:
 } // namespace
 
 TEST_F(PinyinRandomTest, InitialsOf10000TextsAreRightAndNothingIsReadBeyond) {
+    Readings readings = gPinyinMap;
     for (int round = 0; round < 10'000; ++round) {
         const Bytes text = randomText(20);
         const GuardedText guarded(text);
         char* const made = GetPinyinInitials2(guarded.text());
-        const Bytes wanted = initialsOf(text);
+        const Bytes wanted = initialsOf(text, readings);
         // A character of value 0 makes a byte that ends the C string.
         ASSERT_EQ(Bytes(made, wanted.size()), wanted) << testing::PrintToString(text);
         ASSERT_EQ(made[wanted.size()], 0);
         free(made);
     }
+    EXPECT_TRUE(alike(gPinyinMap, readings)) << "it has grown by the unknown characters alone";
+}
+
+TEST_F(PinyinRandomTest, InitialsFollowWhatAHostMakesOfTheReadings) {
+    for (int round = 0; round < 200; ++round) {
+        changeReadings();
+        Readings readings = gPinyinMap;
+        for (int again = 0; again < 3; ++again) {
+            const Bytes text = randomText(20);
+            char* const made = GetPinyinInitials2(text.c_str());
+            const Bytes wanted = initialsOf(text, readings);
+            ASSERT_EQ(Bytes(made, wanted.size()), wanted) << round << testing::PrintToString(text);
+            free(made);
+        }
+        ASSERT_TRUE(alike(gPinyinMap, readings)) << round;
+        mSizeBefore = gPinyinMap.size();
+    }
+}
+
+TEST_F(PinyinRandomTest, FillingAgainMendsWhateverAHostMadeOfTheReadings) {
+    const Readings filled = gPinyinMap;
+    for (int round = 0; round < 80; ++round) {
+        changeReadings();
+        const auto place = gPinyinMap.lower_bound(randomCharacter());
+        if (below(2) && place != gPinyinMap.end())
+            place->second = "z4";
+        InitPinYinMap();
+        ASSERT_EQ(gPinyinMap, filled) << round;
+        if (below(2)) { // one out, another in, or only another syllable
+            gPinyinMap.erase(std::next(gPinyinMap.begin(), static_cast<long>(below(25'000))));
+            gPinyinMap[0xE000 + static_cast<unsigned>(below(100))] = "q1";
+        } else {
+            std::next(gPinyinMap.begin(), static_cast<long>(below(25'360)))->second = "q1";
+        }
+        InitPinYinMap();
+        ASSERT_EQ(gPinyinMap, filled) << round;
+    }
 }
 
 TEST_F(PinyinRandomTest, MatchesIn10000TextsAreRightAndNothingIsReadBeyond) {
+    Readings readings = gPinyinMap;
     int found = 0;
     for (int round = 0; round < 10'000; ++round) {
         const Bytes text = randomText(20);
-        const Bytes initials = below(5) ? initialsOf(text).c_str() : randomText(20);
+        const Bytes initials = below(5) ? initialsOf(text, readings).c_str() : randomText(20);
         const Bytes key = randomKey(initials);
         const GuardedText guardedText(text), guardedInitials(initials), guardedKey(key);
         const char* start = nullptr;
