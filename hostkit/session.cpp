@@ -133,8 +133,7 @@ void Session::loadSettings(const SessionOptions& options) {
     initLang();
     useTheme(theme ? theme : "", options.theme);
     free(theme);
-    if (!options.language.empty())
-        useLanguageForThisRun(options.language);
+    useLanguageForThisRun(options.language);
 }
 
 bool Session::loadSkin() {

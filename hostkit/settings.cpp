@@ -16,6 +16,9 @@ void changeLanguage(const std::string& file) {
 }
 
 void useLanguageForThisRun(const std::string& file) {
+    sChosenLanguage.clear();
+    if (file.empty())
+        return;
     sChosenLanguage = getSystemLanguage();
     setSystemLanguage(file.c_str());
 }

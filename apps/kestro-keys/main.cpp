@@ -54,18 +54,25 @@ static int usageError(const std::string& problem) {
     return exitUsage;
 }
 
-/// Returns whether it could be written.
-static bool print(int value) {
-    return printf("%d\n", value) > 0 && fflush(stdout) == 0;
+static ExitCode print(const std::string& text) {
+    if (fputs(text.c_str(), stdout) >= 0 && fflush(stdout) == 0)
+        return exitDone;
+    fprintf(stderr, "kestro-keys: cannot write: %s\n", strerror(errno));
+    return exitFailed;
 }
 
-/// Until the reader has gone away.
-static void watch(KeyTable& table, int index) {
+static ExitCode print(int value) {
+    return print(std::to_string(value) + "\n");
+}
+
+/// Until it cannot write any more.
+static ExitCode watch(KeyTable& table, int index) {
     constexpr timespec pause{0, 20'000'000};
     int value = table.get(index);
-    while (print(value))
+    while (print(value) == exitDone)
         for (const int shown = value; value == shown; value = table.get(index))
             nanosleep(&pause, nullptr);
+    return exitFailed;
 }
 
 static int run(const std::string& command, int index, int value) {
@@ -74,23 +81,22 @@ static int run(const std::string& command, int index, int value) {
         fprintf(stderr, "kestro-keys: cannot open the table: %s\n", strerror(table.error()));
         return exitFailed;
     }
-    if (command == "set")
-        table.set(index, value);
-    else if (command == "watch")
-        watch(table, index);
-    else if (!print(table.get(index)))
-        return exitFailed;
+    if (command == "get")
+        return print(table.get(index));
+    if (command == "watch")
+        return watch(table, index);
+    table.set(index, value);
     return exitDone;
 }
 
 int main(int argc, char** argv) {
     const std::string command = argc > 1 ? argv[1] : "";
     if (command == "--help")
-        return fputs(sHelp, stdout) < 0;
+        return print(sHelp);
     if (command == "--version")
-        return puts("kestro-keys " KESTRO_KEYS_VERSION) < 0;
-    if (command == "name" && argc == 2)
-        return puts(hostkit::keyTableName().c_str()) < 0;
+        return print("kestro-keys " KESTRO_KEYS_VERSION "\n");
+    if (command == "name")
+        return argc == 2 ? print(hostkit::keyTableName() + "\n") : usageError("name needs nothing more");
     if (command != "get" && command != "set" && command != "watch")
         return usageError(command.empty() ? "no command" : "unknown command '" + command + "'");
     const int wanted = command == "set" ? 4 : 3;

@@ -16,7 +16,7 @@ using Device = SimulatedDevice;
 static constexpr int swapIndex = 19;
 
 static std::string onOrOff(bool on) {
-    return on ? "on" : "off";
+    return getLangStr(on ? wordOn : wordOff);
 }
 
 /// To the next multiple of five, which the pictures of the battery tell apart well enough.
@@ -28,8 +28,8 @@ static void changeBattery(const Device& device, int by) {
 }
 
 static std::string wifiText(const Device& device) {
-    static constexpr const char* names[] = {"off", "scanning", "connecting", "connected", "hotspot"};
-    return names[static_cast<size_t>(device.wifi())];
+    static constexpr Word states[] = {wordOff, wordScanning, wordConnecting, wordConnected, wordHotspot};
+    return getLangStr(states[static_cast<size_t>(device.wifi())]);
 }
 
 static void nextWifi(const Device& device) {
@@ -41,9 +41,7 @@ static void nextWifi(const Device& device) {
 
 static std::string barsText(const Device& device) {
     const int bars = device.wifiBars();
-    if (bars == 0)
-        return "-";
-    return bars == 1 ? "1 bar" : std::to_string(bars) + " bars";
+    return bars == 0 ? "-" : std::to_string(bars) + " / 3";
 }
 
 static void nextStrength(const Device& device) {
@@ -76,22 +74,23 @@ static void nextLanguage(const Device& device) {
 
 const std::vector<DeviceKey>& deviceKeys() {
     static const std::vector<DeviceKey> keys{
-        {SDL_SCANCODE_F2, "F2", "Battery down", true,
+        {SDL_SCANCODE_F2, "F2", wordBatteryDown, true,
          [](const Device& d) { return std::to_string(d.battery()) + " %"; },
          [](const Device& d) { changeBattery(d, -1); }},
-        {SDL_SCANCODE_F3, "F3", "Battery up", true, nullptr, [](const Device& d) { changeBattery(d, 1); }},
-        {SDL_SCANCODE_F4, "F4", "Charger", false, [](const Device& d) { return onOrOff(d.charger()); },
+        {SDL_SCANCODE_F3, "F3", wordBatteryUp, true, nullptr, [](const Device& d) { changeBattery(d, 1); }},
+        {SDL_SCANCODE_F4, "F4", wordCharger, false, [](const Device& d) { return onOrOff(d.charger()); },
          [](const Device& d) { d.setCharger(!d.charger()); }},
-        {SDL_SCANCODE_F5, "F5", "Wi-Fi", false, wifiText, nextWifi},
-        {SDL_SCANCODE_F6, "F6", "Wi-Fi strength", false, barsText, nextStrength},
-        {SDL_SCANCODE_F7, "F7", "Bluetooth", false, [](const Device& d) { return onOrOff(d.bluetooth()); },
+        {SDL_SCANCODE_F5, "F5", wordWifi, false, wifiText, nextWifi},
+        {SDL_SCANCODE_F6, "F6", wordWifiStrength, false, barsText, nextStrength},
+        {SDL_SCANCODE_F7, "F7", wordBluetooth, false, [](const Device& d) { return onOrOff(d.bluetooth()); },
          [](const Device& d) { d.setBluetooth(!d.bluetooth()); }},
-        {SDL_SCANCODE_F8, "F8", "Headphones", false, [](const Device& d) { return onOrOff(d.headphones()); },
+        {SDL_SCANCODE_F8, "F8", wordHeadphones, false,
+         [](const Device& d) { return onOrOff(d.headphones()); },
          [](const Device& d) { d.setHeadphones(!d.headphones()); }},
-        {SDL_SCANCODE_F9, "F9", "A and B swapped", false,
+        {SDL_SCANCODE_F9, "F9", wordSwapAB, false,
          [](const Device&) { return onOrOff(GetKeyShm(gShmInfo, swapIndex) != 0); }, swapButtons},
-        {SDL_SCANCODE_F10, "F10", "Language", false, languageText, nextLanguage},
-        {SDL_SCANCODE_F11, "F11", "Screen on its side", false,
+        {SDL_SCANCODE_F10, "F10", wordLanguage, false, languageText, nextLanguage},
+        {SDL_SCANCODE_F11, "F11", wordScreenOnItsSide, false,
          [](const Device&) { return onOrOff(hostkit::screenIsRotated()); },
          [](const Device& d) { d.setRotated(!hostkit::screenIsRotated()); }},
     };

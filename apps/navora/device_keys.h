@@ -1,6 +1,7 @@
 #pragma once
 
 #include "navora/simulated_device.h"
+#include "navora/words.h"
 
 #include <SDL.h>
 
@@ -13,7 +14,7 @@ namespace navora {
 struct DeviceKey {
     SDL_Scancode code;
     const char* name; ///< on the keyboard
-    const char* what; ///< it changes, in a few words
+    Word what;        ///< it changes
     bool repeats;     ///< while it is held
     std::string (*value)(const SimulatedDevice& device);
     void (*press)(const SimulatedDevice& device);

@@ -5,8 +5,7 @@
 #include "navora/device_keys.h"
 #include "navora/look.h"
 #include "shell/skin.h"
-
-#include <cstdlib>
+#include "system/language.h"
 
 namespace navora {
 
@@ -21,15 +20,10 @@ static constexpr SDL_Color sLine{72, 90, 124, 255};
 static constexpr SDL_Color sKeyTop{38, 50, 76, 255};
 static constexpr SDL_Color sQuiet{150, 164, 190, 255};
 
-std::string simulatedRoot() {
-    const char* const root = secure_getenv("KESTRO_DEVICE_ROOT"); // as the library does
-    return root ? root : "";
-}
-
-DevicePanel::DevicePanel(bool shown) : mShown(shown) {
-    if (simulatedRoot().empty())
+DevicePanel::DevicePanel(const std::string& root, bool shown) : mShown(shown) {
+    if (root.empty())
         return;
-    mDevice = std::make_unique<SimulatedDevice>(simulatedRoot());
+    mDevice = std::make_unique<SimulatedDevice>(root);
     mWatch = std::make_unique<DeviceWatch>(*mDevice);
     sPanel = this;
     SDL_AddEventWatch(keyPressed, this);
@@ -70,13 +64,13 @@ static void drawText(const SDL_Rect& rect, const std::string& text, SDL_Color co
     DrawString(gListFontSubtxt, rect, text.c_str(), color, align, false, false);
 }
 
-static void drawKey(int y, const char* key, const char* what, const std::string& value) {
+static void drawKey(int y, const char* key, Word what, const std::string& value) {
     constexpr int keyWidth = 54;
     const SDL_Rect top{sPlace.x + sPadding, y + 3, keyWidth, sRowHeight - 6};
     const SDL_Rect words{top.x + keyWidth + 18, y, sPlace.w - 2 * sPadding - keyWidth - 18, sRowHeight};
     drawFramed(top, sKeyTop);
     drawText(top, key, gListColorTxt, 1);
-    drawText(words, what, gListColorTxt, 3);
+    drawText(words, getLangStr(what), gListColorTxt, 3);
     drawText(words, value, gHighlightColor, 4);
 }
 
@@ -84,16 +78,16 @@ void DevicePanel::draw() const {
     constexpr int left = 3;
     const SDL_Rect inner{sPlace.x + sPadding, sPlace.y, sPlace.w - 2 * sPadding, sTitleHeight};
     drawFramed(sPlace, sGround);
-    DrawString(gNavFont, inner, "Simulated device", gListColorTxt, left, false, false);
+    DrawString(gNavFont, inner, getLangStr(wordSimulatedDevice), gListColorTxt, left, false, false);
     fill({inner.x, inner.y + sTitleHeight - 4, inner.w, 1}, sLine);
     int y = sPlace.y + sTitleHeight + 2;
-    drawKey(y, "F1", "This panel", "shown");
+    drawKey(y, "F1", wordThisPanel, getLangStr(wordShown));
     for (const DeviceKey& key : deviceKeys())
         drawKey(y += sRowHeight, key.name, key.what, key.value ? key.value(*mDevice) : "");
     y += sRowHeight + 6;
     fill({inner.x, y, inner.w, 1}, sLine);
-    drawText({inner.x, y, inner.w, sPlace.y + sPlace.h - y}, "From a shell: tools/device battery 7", sQuiet,
-             left);
+    drawText({inner.x, y, inner.w, sPlace.y + sPlace.h - y},
+             std::string(getLangStr(wordFromShell)) + " tools/device battery 7", sQuiet, left);
 }
 
 void drawDevicePanel() {

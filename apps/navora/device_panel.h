@@ -10,16 +10,14 @@
 
 namespace navora {
 
-/// The folder that stands for the device; "" on a real one.
-std::string simulatedRoot();
-
 /// What plays the device while there is no real one, for its own life: the function keys change it, a panel
-/// over the page tells which key does what, and the launcher follows what others change in the folder. Does
+/// over all else tells which key does what, and the launcher follows what others change in the folder. Does
 /// nothing on a real device. Only one at a time, within a session; main thread.
 class DevicePanel {
 public:
-    /// `shown` is whether the panel is there before F1 asks for it.
-    explicit DevicePanel(bool shown);
+    /// `root` is the folder that stands for the device, "" for a real one. `shown` is whether the panel is
+    /// there before F1 asks for it.
+    DevicePanel(const std::string& root, bool shown);
     ~DevicePanel();
     DevicePanel(const DevicePanel&) = delete;
     DevicePanel& operator=(const DevicePanel&) = delete;
@@ -36,8 +34,8 @@ private:
     void draw() const;
 };
 
-/// Draws the panel, if it is to be seen, over the page that has just been drawn, and then lets the launcher
-/// follow the device, which may open the screen anew. For the end of every page's draw.
+/// Draws the panel, if it is to be seen, over the window that has just been drawn, and then lets the launcher
+/// follow the device, which may open the screen anew. For the end of every window's draw.
 void drawDevicePanel();
 
 } // namespace navora

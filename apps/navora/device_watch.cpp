@@ -10,9 +10,15 @@
 
 namespace navora {
 
+/// As the library takes it: settings that name no language mean the same as those that it will save.
+static std::string languageOf(const SimulatedDevice& device) {
+    const std::string language = device.language();
+    return language.empty() ? "en.lang" : language;
+}
+
 DeviceWatch::DeviceWatch(const SimulatedDevice& device)
     : mDevice(device), mSettings(stampOf(device.settingsFile())), mRotation(stampOf(device.rotationFile())),
-      mLanguage(device.language()), mSwapped(device.swapped()) {}
+      mLanguage(languageOf(device)), mSwapped(device.swapped()) {}
 
 bool DeviceWatch::Stamp::operator==(const Stamp& other) const {
     return seconds == other.seconds && nanoseconds == other.nanoseconds && file == other.file;

@@ -1,15 +1,47 @@
 #include "navora/floating.h"
 
+#include "core/window_stack.h"
 #include "gfx/fill.h"
 #include "navora/look.h"
+
+#include <algorithm>
 
 namespace navora {
 
 static constexpr int rowsOnPage = 4;
 static constexpr SDL_Rect sPlace{380, 200, 520, 320};
 
+void drawBelow(const KestroWindow* window) {
+    const auto found = std::find(gWinList->begin(), gWinList->end(), window);
+    KestroWindow* const below = found == gWinList->begin() || found == gWinList->end() ? nullptr : found[-1];
+    if (auto* const page = dynamic_cast<Page*>(below)) {
+        page->followTheme();
+        page->drawPage();
+    } else if (below) {
+        below->draw();
+    }
+}
+
+static constexpr const char* sSelectedRow = "skin/pop-menu-f.png";
+static constexpr const char* sNormalRow = "skin/pop-menu-n.png";
+
+namespace {
+
+class PopUpList : public TextMenu {
+public:
+    PopUpList() : TextMenu(sSelectedRow, sNormalRow, rowsOnPage, 0) {}
+
+    void refresh() override {
+        TextMenu::refresh();
+        replacePicture(mSelectedBackground, sSelectedRow);
+        replacePicture(mNormalBackground, sNormalRow);
+    }
+};
+
+} // namespace
+
 TextMenu* makePopUpList() {
-    auto* const list = new TextMenu("skin/pop-menu-f.png", "skin/pop-menu-n.png", rowsOnPage, 0);
+    auto* const list = new PopUpList;
     SDL_Rect place = sPlace;
     list->updateRectAndNum(place, rowsOnPage);
     list->setShowNumber(false);
@@ -17,8 +49,14 @@ TextMenu* makePopUpList() {
     return list;
 }
 
-PopUpMenu::PopUpMenu(Shell& shell, TextMenu* list)
-    : PopUpWindow(-1, list, "skin/pop-menu.png"), mShell(shell) {}
+static constexpr const char* sPanel = "skin/pop-menu.png";
+
+PopUpMenu::PopUpMenu(Shell& shell, TextMenu* list) : Floating(shell, -1, list, sPanel) {}
+
+void PopUpMenu::reload() {
+    replacePicture(background, sPanel);
+    menu->refresh();
+}
 
 int PopUpMenu::eventHandling() {
     const int code = PopUpWindow::eventHandling();
@@ -34,14 +72,18 @@ static void drawTriangle(int x, int y, int step) {
 }
 
 /// More rows than fit show by a mark where the list goes on.
-int PopUpMenu::draw() {
-    PopUpWindow::draw();
+void PopUpMenu::drawMarks() {
     constexpr int middle = sPlace.x + sPlace.w / 2;
     if (menu->getFirstVisible() > 0)
         drawTriangle(middle, sPlace.y - 12, 1);
     if (menu->getLastVisible() < menu->getListNum() - 1)
         drawTriangle(middle, sPlace.y + sPlace.h + 11, -1);
-    return 0;
+}
+
+void Dialog::reload() {
+    replacePicture(panel, "skin/pop-bg.png");
+    replacePicture(buttonFocused, "skin/btn-bg-f.png");
+    replacePicture(buttonNormal, "skin/btn-bg-n.png");
 }
 
 } // namespace navora

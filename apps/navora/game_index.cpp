@@ -59,24 +59,33 @@ void GameIndex::addFile(const std::string& path) {
         return;
     name = fs::path(name).stem().string();
     const std::unique_ptr<char, void (*)(void*)> initials(GetPinyinInitials2(name.c_str()), free);
-    if (initials)
-        mGames.push_back({path, std::move(name), initials.get()});
+    if (!initials)
+        return;
+    mGames.push_back({path, std::move(name), initials.get()});
+    addInOrder(mGames.back());
+}
+
+void GameIndex::addInOrder(const Game& game) {
+    mInOrder.push_back(&game);
+    mInitials.add(game.initials);
 }
 
 void GameIndex::sortByName() {
-    std::sort(mGames.begin(), mGames.end(), [](const Game& a, const Game& b) {
-        const int order = strcasecmp(a.name.c_str(), b.name.c_str());
-        return order == 0 ? a.path < b.path : order < 0;
+    std::vector<const Game*> sorted;
+    sorted.swap(mInOrder);
+    mInitials.clear();
+    std::sort(sorted.begin(), sorted.end(), [](const Game* a, const Game* b) {
+        const int order = strcasecmp(a->name.c_str(), b->name.c_str());
+        return order == 0 ? a->path < b->path : order < 0;
     });
+    for (const Game* game : sorted)
+        addInOrder(*game);
 }
 
-std::vector<std::string> GameIndex::search(const std::string& key) const {
-    std::vector<std::string> found;
-    const char* start = nullptr;
-    int length = 0;
-    for (const Game& game : mGames)
-        if (PinyinStrstr(game.name.c_str(), game.initials.c_str(), key.c_str(), &start, &length) == 0)
-            found.push_back(game.path);
+std::vector<const std::string*> GameIndex::search(const std::string& key) const {
+    std::vector<const std::string*> found;
+    for (const size_t number : mInitials.find(key))
+        found.push_back(&mInOrder[number]->path);
     return found;
 }
 

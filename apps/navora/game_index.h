@@ -1,5 +1,8 @@
 #pragma once
 
+#include "navora/text_search.h"
+
+#include <deque>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -14,6 +17,8 @@ public:
     static constexpr int mostFolders = 32; // within each other
 
     explicit GameIndex(const std::string& folder);
+    GameIndex(const GameIndex&) = delete;
+    GameIndex& operator=(const GameIndex&) = delete;
 
     /// Reads on for a few milliseconds. Returns whether it has found something, or come to the end: then
     /// search again.
@@ -23,8 +28,8 @@ public:
 
     /// The paths of the games whose name has `key` in its pinyin initials, in any case of ASCII letters.
     /// What is not Chinese has itself for initials; extensions do not count. By name, once the index is
-    /// complete.
-    std::vector<std::string> search(const std::string& key) const;
+    /// complete. The paths stay the index's, and where they are.
+    std::vector<const std::string*> search(const std::string& key) const;
 
 private:
     struct Game {
@@ -33,10 +38,13 @@ private:
         std::string initials;
     };
     std::filesystem::recursive_directory_iterator mNext;
-    std::vector<Game> mGames;
+    std::deque<Game> mGames;           // as they were found; they stay where they are
+    std::vector<const Game*> mInOrder; // as they are shown
+    TextSearch mInitials;              // of those
     bool mComplete = false;
 
     void addFile(const std::string& path);
+    void addInOrder(const Game& game);
     bool isAtEnd() const;
     void step();
     void sortByName();

@@ -1,6 +1,7 @@
 #include "navora/game_list_menu.h"
 
 #include "hostkit/files.h"
+#include "navora/look.h"
 #include "navora/program.h"
 #include "navora/thumbnails.h"
 
@@ -41,6 +42,7 @@ static std::unique_ptr<TextMenuItem> makeRow(Shell& shell, const std::string& pa
     const std::string name = std::filesystem::path(path).filename().string();
     auto* const action = new GameAction(shell, path, kind);
     auto row = std::make_unique<TextMenuItem>(name.c_str(), nullptr, action, true);
+    row->setFirstFlag(true); // for the hint about its menu
     row->setImagePath(hostkit::fileIcon(name));
     if (kind != ListKind::search) // whose list is too narrow for a picture beside the names
         row->setSecondImagePath(hostkit::thumbnailOf(path).c_str());
@@ -49,12 +51,21 @@ static std::unique_ptr<TextMenuItem> makeRow(Shell& shell, const std::string& pa
 
 GameListMenu::GameListMenu(Shell& shell, ListKind kind, const char* selectedBackground,
                            const char* normalBackground)
-    : TextMenuDrawer(selectedBackground, normalBackground, rowsOnPage, 0), mShell(shell), mKind(kind) {
+    : TextMenuDrawer(selectedBackground, normalBackground, rowsOnPage, 0), mShell(shell), mKind(kind),
+      mSelectedName(selectedBackground), mNormalName(normalBackground) {
     if (kind != ListKind::search)
         setImageLoader(loadInBackground());
 }
 
 void GameListMenu::setPaths(std::vector<std::string> paths) {
+    mOwnPaths = std::move(paths);
+    std::vector<const std::string*> own;
+    for (const std::string& path : mOwnPaths)
+        own.push_back(&path);
+    setPaths(std::move(own));
+}
+
+void GameListMenu::setPaths(std::vector<const std::string*> paths) {
     mPaths = std::move(paths);
     mRows.clear();
     mCursor = std::clamp(mCursor, 0, std::max(getListNum() - 1, 0));
@@ -71,8 +82,14 @@ TextMenuItemProvider* GameListMenu::getItemByIndex(int index) {
         return nullptr;
     std::unique_ptr<TextMenuItem>& row = mRows[index];
     if (!row)
-        row = makeRow(mShell, mPaths[static_cast<size_t>(index)], mKind);
+        row = makeRow(mShell, *mPaths[static_cast<size_t>(index)], mKind);
     return row.get();
+}
+
+void GameListMenu::refresh() {
+    TextMenuDrawer::refresh();
+    replacePicture(mSelectedBackground, mSelectedName);
+    replacePicture(mNormalBackground, mNormalName);
 }
 
 int GameListMenu::draw() {

@@ -15,20 +15,27 @@ namespace navora {
 /// one likes.
 class GameListMenu : public TextMenuDrawer {
 public:
-    /// `kind` tells what the pop-up menu of a row offers.
+    /// `kind` tells what the pop-up menu of a row offers. The names of the pictures behind the rows are kept.
     GameListMenu(Shell& shell, ListKind kind, const char* selectedBackground, const char* normalBackground);
 
     /// Shows other games, with the cursor on the row where it was, as far as there is one.
     void setPaths(std::vector<std::string> paths);
 
+    /// The same with paths that stay the caller's, and where they are for as long as they are shown.
+    void setPaths(std::vector<const std::string*> paths);
+
     TextMenuItemProvider* getItemByIndex(int index) override;
     int getListNum() override { return static_cast<int>(mPaths.size()); }
     int draw() override;
+    void refresh() override;
 
 private:
     Shell& mShell;
     ListKind mKind;
-    std::vector<std::string> mPaths;
+    const char* mSelectedName; // of the pictures behind the rows
+    const char* mNormalName;
+    std::vector<std::string> mOwnPaths;
+    std::vector<const std::string*> mPaths;
     std::map<int, std::unique_ptr<TextMenuItem>> mRows;
 };
 

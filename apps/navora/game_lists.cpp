@@ -40,11 +40,16 @@ static void addPaths(cJSON* root, const char* name, const Paths& paths) {
 }
 
 GameLists::GameLists(std::string file) : mFile(std::move(file)) {
-    const JsonPtr root = readJson(mFile);
-    if (!root) {
-        rename(mFile.c_str(), (mFile + ".broken").c_str()); // or the next change would write over it
+    if (mFile.empty())
         return;
-    }
+    JsonReading reading;
+    const JsonPtr root = readJson(mFile, reading);
+    if (reading == JsonReading::unreadable)
+        mFile.clear(); // what cannot be read now may be read another time: it is not written over
+    if (reading == JsonReading::broken)
+        rename(mFile.c_str(), (mFile + ".broken").c_str()); // or the next change would write over it
+    if (!root)
+        return;
     mFavourites = pathsOf(cJSON_GetObjectItem(root.get(), "favourites"), mostFavourites);
     mRecents = pathsOf(cJSON_GetObjectItem(root.get(), "recents"), mostRecents);
 }
@@ -84,6 +89,8 @@ void GameLists::clearRecents() {
 
 void GameLists::changed() {
     ++mVersion;
+    if (mFile.empty())
+        return;
     const JsonPtr root(cJSON_CreateObject());
     addPaths(root.get(), "favourites", mFavourites);
     addPaths(root.get(), "recents", mRecents);

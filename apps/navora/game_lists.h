@@ -16,8 +16,10 @@ public:
     static constexpr size_t mostFavourites = 1000;
     static constexpr size_t mostRecents = 50;
 
-    /// Reads `file`. One that is not usable is kept beside, under its name and ".broken", and the lists
-    /// start empty. What is no path in it is passed over, and so is what goes beyond the limits.
+    /// Reads `file`. One that is broken is kept beside, under its name and ".broken", and the lists start
+    /// empty. One that cannot be read, as on a card with a bad contact, stays as it is: the lists start empty
+    /// too, and what changes in them lasts until the end. What is no path in it is passed over, and so is
+    /// what goes beyond the limits. Without a file, "", the lists last until the end.
     explicit GameLists(std::string file);
 
     /// In the order in which they were added.

@@ -26,5 +26,9 @@ TextMenuItem* file_handler(const char* name, const char* path, int kind) {
         return nullptr;
     if (kind == folder)
         return hostkit::makeFolderRow(name, path);
-    return file_filter(name, path) ? hostkit::makeFileRow(name, path) : nullptr;
+    if (!file_filter(name, path))
+        return nullptr;
+    TextMenuItem* const row = hostkit::makeFileRow(name, path);
+    row->setFirstFlag(true); // for the hint about its menu
+    return row;
 }

@@ -29,6 +29,7 @@ protected:
     void drawContent() override;
     int handleInput() override;
     int answer(int code) override;
+    bool hasOptions() const override { return !mLoading && ListPage::hasOptions(); }
 
 private:
     std::string mFolder;

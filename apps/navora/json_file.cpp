@@ -13,7 +13,8 @@ namespace navora {
 using FilePtr = std::unique_ptr<FILE, int (*)(FILE*)>;
 
 std::string stateFile(const std::string& name) {
-    return stateFolder() + "/" + name;
+    const std::string folder = stateFolder();
+    return folder.empty() ? "" : folder + "/" + name;
 }
 
 /// The content of an open file, one byte more than is allowed at most.
@@ -40,23 +41,38 @@ static void complainOfPlace(const std::string& path, const std::string& text, si
             static_cast<std::ptrdiff_t>(line), here - lineStart + 1);
 }
 
-JsonPtr readJson(const std::string& path) {
+static JsonReading unreadable(const std::string& path) {
+    if (errno == ENOENT || errno == ENOTDIR)
+        return JsonReading::missing;
+    complain(path, strerror(errno));
+    return JsonReading::unreadable;
+}
+
+static JsonReading readText(const std::string& path, std::string& text) {
     static constexpr size_t longest = 8'000'000;
     const FilePtr file(fopen(path.c_str(), "r"), fclose);
-    if (!file) {
-        if (errno != ENOENT)
-            complain(path, strerror(errno));
+    if (!file)
+        return unreadable(path);
+    text = contentOf(file.get(), longest);
+    if (ferror(file.get()))
+        return unreadable(path);
+    if (text.size() <= longest)
+        return JsonReading::done;
+    complain(path, "too long; it is not used");
+    return JsonReading::broken;
+}
+
+JsonPtr readJson(const std::string& path, JsonReading& reading) {
+    std::string text;
+    reading = readText(path, text);
+    if (reading != JsonReading::done)
         return nullptr;
-    }
-    const std::string text = contentOf(file.get(), longest);
-    if (ferror(file.get()) || text.size() > longest) {
-        complain(path, ferror(file.get()) ? strerror(errno) : "too long; it is not used");
-        return nullptr;
-    }
     const char* end = text.c_str();
     JsonPtr root(cJSON_ParseWithOpts(text.c_str(), &end, 1));
-    if (!root)
+    if (!root) {
         complainOfPlace(path, text, static_cast<size_t>(end - text.c_str()));
+        reading = JsonReading::broken;
+    }
     return root;
 }
 

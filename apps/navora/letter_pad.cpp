@@ -7,6 +7,8 @@
 #include "navora/page.h"
 #include "shell/skin.h"
 
+#include <cstring>
+
 namespace navora {
 
 static constexpr int columns = 6;
@@ -22,10 +24,14 @@ static std::unique_ptr<KestroSurface> load(const char* name) {
     return std::unique_ptr<KestroSurface>(LoadKestroSurface(gThemePath, "./", name));
 }
 
-LetterPad::LetterPad()
-    : mSelected(load("skin/key-f.png")), mNormal(load("skin/key-n.png")),
-      mWideSelected(load("skin/key-wide-f.png")), mWideNormal(load("skin/key-wide-n.png")),
-      mSpace(load("skin/key-space.png")), mDelete(load("skin/key-delete.png")) {}
+void LetterPad::loadPictures() {
+    mSelected = load("skin/key-f.png");
+    mNormal = load("skin/key-n.png");
+    mWideSelected = load("skin/key-wide-f.png");
+    mWideNormal = load("skin/key-wide-n.png");
+    mSpace = load("skin/key-space.png");
+    mDelete = load("skin/key-delete.png");
+}
 
 bool LetterPad::isWide() const {
     return mRow == letterRows;
@@ -35,6 +41,22 @@ char LetterPad::key() const {
     if (!isWide())
         return sKeys[mRow * columns + mColumn];
     return mColumn < wideColumns ? ' ' : '\0';
+}
+
+bool LetterPad::has(char letter) {
+    return letter == ' ' || (letter && strchr(sKeys, letter));
+}
+
+int LetterPad::selected() const {
+    return mRow * columns + (isWide() ? mColumn / wideColumns : mColumn);
+}
+
+void LetterPad::select(int number) {
+    constexpr int wide = letterRows * columns;
+    if (number < 0 || number >= wide + columns / wideColumns)
+        return;
+    mRow = number / columns;
+    mColumn = number < wide ? number % columns : (number - wide) * wideColumns;
 }
 
 bool LetterPad::move(int code) {

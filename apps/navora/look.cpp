@@ -1,5 +1,7 @@
 #include "navora/look.h"
 
+#include "core/host.h"
+#include "gfx/image.h"
 #include "gfx/text.h"
 
 namespace navora {
@@ -14,6 +16,11 @@ void drawCentred(KestroSurface* picture, const SDL_Rect& rect) {
     if (picture)
         drawAt(picture, rect.x + (rect.w - picture->getWidth()) / 2,
                rect.y + (rect.h - picture->getHeight()) / 2);
+}
+
+void replacePicture(KestroSurface*& picture, const char* name) {
+    delete picture;
+    picture = LoadKestroSurface(gThemePath, "./", name);
 }
 
 /// The bytes that the first `count` characters of `text` take.

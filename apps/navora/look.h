@@ -13,13 +13,16 @@ constexpr int screenWidth = 1280;
 constexpr int screenHeight = 720;
 constexpr int margin = 40;
 constexpr int headerHeight = 80;
-constexpr int footerTop = 650;
+constexpr int footerTop = 650; // which is where the bar at the bottom begins too
 
 /// Draws a picture in its own size; nothing for null.
 void drawAt(KestroSurface* picture, int x, int y);
 
 /// Draws a picture into the middle of a rectangle; nothing for null.
 void drawCentred(KestroSurface* picture, const SDL_Rect& rect);
+
+/// Deletes a picture, and loads the theme's of that name in its place.
+void replacePicture(KestroSurface*& picture, const char* name);
 
 /// The text, cut to a width in pixels with an ellipsis.
 std::string cutToWidth(TTF_Font* font, const std::string& text, int width);

@@ -3,6 +3,7 @@
 #include "hostkit/session.h"
 #include "navora/clock.h"
 #include "navora/device_panel.h"
+#include "navora/device_root.h"
 #include "navora/game_rows.h"
 #include "navora/home_page.h"
 #include "navora/options.h"
@@ -13,7 +14,6 @@
 #include "navora/words.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 using namespace navora;
 
@@ -28,11 +28,12 @@ static hostkit::SessionOptions sessionOptions(const Options& options) {
     return session;
 }
 
-static bool runLauncher(const Options& options, hostkit::Session& screen) {
+/// `device` is the folder of a simulated one, "" for none.
+static bool runLauncher(const Options& options, const std::string& device, hostkit::Session& screen) {
     applyTimeZone();
     const bool interactive = options.shot.empty();
     const WifiStatus wifi(interactive);
-    const DevicePanel panel(options.devicePanel);
+    const DevicePanel panel(device, options.devicePanel);
     startPrograms();
     startPlace(interactive);
     ScriptedInput script(options.keys, options.shot);
@@ -54,16 +55,15 @@ static bool runLauncher(const Options& options, hostkit::Session& screen) {
 static bool run(Options options) {
     if (!enterRunFolder(options))
         return false;
-    if (!options.deviceRoot.empty())
-        setenv("KESTRO_DEVICE_ROOT", options.deviceRoot.c_str(), 1);
-    if (options.devicePanel && simulatedRoot().empty())
+    const std::string device = useDeviceRoot(options.deviceRoot);
+    if (options.devicePanel && device.empty())
         throw UsageError("--device-panel needs --device-root");
     const bool interactive = options.shot.empty();
     setKestroWindowFps(interactive ? 30 : 1000, interactive ? 60 : 1000);
     addWords();
     hostkit::Session session(sessionOptions(options));
     if (session.isOpen())
-        return runLauncher(options, session);
+        return runLauncher(options, device, session);
     fprintf(stderr, "navora: %s%s\n", session.problem().c_str(),
             session.lacksDisplay() ? "; --shot FILE.png needs none" : "");
     return false;

@@ -7,16 +7,12 @@
 namespace navora {
 
 static std::string text(Word word, const std::string& about) {
-    constexpr int width = 540; // pixels, within the panel
+    constexpr int width = 600; // pixels, within the panel
     return wrapped(gPopupFontTxt, getLangStr(word), width, 2) + "\n" +
            wrapped(gPopupFontTxt, about, width, 2);
 }
 
 Message::Message(Shell& shell, Word word, const std::string& about)
-    : DialogWindow(getLangStr(wordGames), text(word, about), true, nullptr, nullptr), mShell(shell) {}
-
-void Message::update() {
-    mShell.script.frameBegins();
-}
+    : Dialog(shell, getLangStr(wordGames), text(word, about), true, nullptr, nullptr) {}
 
 } // namespace navora

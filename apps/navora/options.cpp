@@ -2,6 +2,8 @@
 
 #include "navora/scripted_input.h"
 
+#include <algorithm>
+
 namespace navora {
 
 const char* const helpText = R"(Usage: navora [OPTIONS] [FOLDER]
@@ -10,7 +12,8 @@ Shows FOLDER, or the sample content, on a screen of 1280 x 720.
 
   --keys NAMES       press these keys first, one a frame: a list like "down,down,a" of up, down, left,
                      right, a, b, x, y, start, select, menu, l, r and f1 to f12
-  --shot FILE.png    after the keys, write a picture of the screen and end; needs no display
+  --shot FILE.png    after the keys, write a picture of the screen and end; needs no display. The name
+                     shot among the keys writes one on the way, into FILE-1.png, FILE-2.png and so on
   --rotate           as on a display that is mounted on its side
   --theme DIR        take skin pictures from there in this run, whatever the settings say
   --lang FILE        the language file of this run, such as ch.lang, whatever the settings say
@@ -27,11 +30,12 @@ what the other function keys change on it.
 The launcher opens where it was left, save with --keys: then it opens on its first page. What is left behind
 by a run with --shot is not kept.
 
-Favourites and the games played of late are kept in mnt/UDISK/navora/games.json below the device's root; on a
-machine without it, in navora/games.json below XDG_DATA_HOME or ~/.local/share.
+Settings, favourites and the games played of late are kept on the device, in /mnt/UDISK. On a machine that has
+no such folder, navora/device below XDG_DATA_HOME or ~/.local/share stands for the device's root, unless
+--device-root or the environment variable KESTRO_DEVICE_ROOT names another folder.
 
-The program that a file is started with is named in a navora.json: in that same folder, in navora below
-XDG_CONFIG_HOME, or in the one that comes with the launcher.
+The program that a file is started with is named in a navora.json: in mnt/UDISK/navora below that root, in
+navora below XDG_CONFIG_HOME or ~/.config, or in the one that comes with the launcher.
 
 The font, the skin and the sample content are in the folder of the environment variable NAVORA_HOME, if it
 is set, or where the installation or the build has put them.
@@ -107,6 +111,9 @@ Options parseOptions(int argc, char** argv) {
             option.set(options, option.takesValue ? *at : "");
         }
     }
+    const auto& keys = options.keys;
+    if (options.shot.empty() && std::find(keys.begin(), keys.end(), pictureKey) != keys.end())
+        throw UsageError("--keys: 'shot' needs --shot");
     return options;
 }
 

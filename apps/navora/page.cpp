@@ -8,6 +8,8 @@
 #include "navora/look.h"
 #include "navora/place.h"
 #include "navora/words.h"
+#include "shell/bars.h"
+#include "shell/icon_cache.h"
 #include "shell/skin.h"
 #include "system/language.h"
 
@@ -56,6 +58,10 @@ Page::Page(Shell& shell, int title)
 
 void Page::update() {
     mShell.script.frameBegins();
+    followTheme();
+}
+
+void Page::followTheme() {
     if (mThemeNumber == hostkit::themeNumber())
         return;
     mThemeNumber = hostkit::themeNumber();
@@ -70,13 +76,23 @@ int Page::eventHandling() {
 }
 
 int Page::draw() {
+    drawPage();
+    drawDevicePanel();
+    return 0;
+}
+
+void Page::drawPage() {
     FillRect(nullptr, nullptr, 14, 19, 30, 255);
     drawAt(gBackground, 0, 0);
     drawClock(drawTopBar(getTitle()));
     drawContent();
-    drawStatBar(0);
-    drawDevicePanel();
-    return 0;
+    drawHints(drawStatBar(0));
+}
+
+/// What the library's bar at the bottom does not know: a hint where the third face button opens something.
+void Page::drawHints(int x) const {
+    if (hasOptions())
+        draw_stat_icon_item_left(getIconFromCache("skin/tips-X.png"), x, footerTop, getLangStr(wordOptions));
 }
 
 ListPage::ListPage(Shell& shell, int title, std::unique_ptr<TextMenuDrawer> list)
@@ -89,6 +105,15 @@ void ListPage::drawContent() {
     }
     const SDL_Rect middle{0, headerHeight, screenWidth, footerTop - headerHeight};
     DrawString(gListFontTxt, middle, getLangStr(wordNothingHere), gListColorTxt, 1, false, false);
+}
+
+bool ListPage::hasOptions() const {
+    return rowHasOptions(*mList);
+}
+
+bool rowHasOptions(TextMenuDrawer& list) {
+    auto* const row = dynamic_cast<TextMenuItemProvider*>(list.getItemByIndex(list.getCursor()));
+    return row && row->getFirstFlag();
 }
 
 int ListPage::handleInput() {

@@ -35,6 +35,13 @@ public:
 
     int eventHandling() final;
     int draw() final;
+
+    /// Draws the page without the simulator's panel.
+    void drawPage();
+
+    /// Takes over a theme that has been put in force since the last call.
+    void followTheme();
+
     void quit() override {}
     void init() override {}
     void saveState(cJSON*) override {}
@@ -52,10 +59,18 @@ protected:
     /// Takes over a new theme.
     virtual void themeChanged() {}
 
+    /// Whether the third face button would open something now.
+    virtual bool hasOptions() const { return false; }
+
 private:
     Shell& mShell;
     int mThemeNumber; // of the theme that the page shows
+
+    void drawHints(int x) const;
 };
+
+/// Whether the row under the cursor is one that says by its first flag that it has options.
+bool rowHasOptions(TextMenuDrawer& list);
 
 /// A page around one list.
 class ListPage : public Page {
@@ -69,6 +84,7 @@ protected:
     void drawContent() override;
     int handleInput() override;
     void themeChanged() override { mList->refresh(); }
+    bool hasOptions() const override;
 
     /// What a code of the list means for the loop. By default the back key, which is whatever key the list
     /// has left over, closes the page.

@@ -44,8 +44,8 @@ void PictureCard::draw(const SDL_Rect& rect, const Entry& entry) {
                                        : LoadKestroSurfaceSpecSized(picture.c_str(), rect.w, rect.h, nullptr,
                                                                     false, true));
     }
-    if (mPicture)
-        drawCentred(mPicture.get(), rect);
+    if (mPicture) // its top in line with what stands beside it
+        drawAt(mPicture.get(), rect.x + (rect.w - mPicture->getWidth()) / 2, rect.y);
     else if (entry.isFolder)
         drawFolderShape(rect);
     else

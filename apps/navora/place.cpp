@@ -10,6 +10,7 @@
 #include "navora/games_page.h"
 #include "navora/home_page.h"
 #include "navora/programs.h"
+#include "navora/search_page.h"
 #include "navora/settings_page.h"
 #include "navora/state_folder.h"
 
@@ -100,6 +101,8 @@ static KestroWindow* pageOf(Shell& shell, const std::string& gamesFolder, const 
     Entry entry;
     if (kind == "games" && textOf(state, "base") == gamesFolder)
         return GamesPage::reopened(shell, gamesFolder, state);
+    if (kind == "search" && textOf(state, "base") == gamesFolder)
+        return SearchPage::reopened(shell, gamesFolder, state);
     if (kind == "list")
         return GameListPage::reopened(shell, state);
     if (kind == "settings")
@@ -113,8 +116,9 @@ static KestroWindow* pageOf(Shell& shell, const std::string& gamesFolder, const 
 
 static std::string keptText() {
     std::string text = sPlace.kept;
-    if (text.empty())
-        readSmallFile(stateFolder() + "/" + sFile, text);
+    const std::string folder = stateFolder();
+    if (text.empty() && !folder.empty())
+        readSmallFile(folder + "/" + sFile, text);
     return text;
 }
 

@@ -5,10 +5,12 @@
 #include "gfx/transform.h"
 #include "hostkit/close_request.h"
 #include "navora/thumbnails.h"
+#include "navora/unsettled.h"
 
 #include <SDL_image.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <utility>
 
@@ -43,7 +45,7 @@ static const Key* findKey(const std::string& name) {
 }
 
 bool isKeyName(const std::string& name) {
-    return findKey(name) != nullptr;
+    return name == pictureKey || findKey(name);
 }
 
 static void pushKey(SDL_Scancode code, Uint32 type) {
@@ -61,39 +63,65 @@ ScriptedInput::ScriptedInput(std::vector<std::string> keys, std::string shot)
 void ScriptedInput::frameBegins() {
     if (!gPopupList.empty())
         return; // the next key is for the window that is about to open
-    if (mPressed < mKeys.size()) {
+    if (wantsKey()) {
         const SDL_Scancode code = findKey(mKeys[mPressed++])->code;
+        mFramesSince = 0;
         pushKey(code, SDL_KEYDOWN);
         pushKey(code, SDL_KEYUP);
-    } else if (picturesOnTheirWay()) {
-        mFramesSince = 0;
-    } else if (!mShot.empty() && mShotState == pending && ++mFramesSince == 2) {
-        takeShot(); // the first of the two frames has shown what the last key did
-        hostkit::requestClose();
+    } else if (!mShot.empty() && !mEnded && isSettled()) {
+        takeNextShot();
     }
 }
 
-void ScriptedInput::takeShot() {
-    mShotState = failed;
+bool ScriptedInput::wantsKey() const {
+    return mPressed < mKeys.size() && mKeys[mPressed] != pictureKey;
+}
+
+/// In the second frame: the first has shown what the last key did.
+bool ScriptedInput::isSettled() {
+    const bool pictures = picturesOnTheirWay();
+    mFramesSince = wasUnsettled() || pictures ? 0 : mFramesSince + 1;
+    return mFramesSince >= 2;
+}
+
+void ScriptedInput::takeNextShot() {
+    if (mPressed < mKeys.size()) {
+        ++mPressed;
+        ++mNumber;
+        takeShot(numberedShot());
+        return;
+    }
+    mEnded = true;
+    takeShot(mShot);
+    hostkit::requestClose();
+}
+
+std::string ScriptedInput::numberedShot() const {
+    const std::filesystem::path path = mShot;
+    const std::string name = path.stem().string() + "-" + std::to_string(mNumber) + path.extension().string();
+    return (path.parent_path() / name).string();
+}
+
+void ScriptedInput::takeShot(const std::string& path) {
     std::unique_ptr<KestroSurface> picture(ScreenSnapshot());
     if (picture && picture->getHeight() > picture->getWidth()) // on a display that is mounted on its side
         picture.reset(RotateSurface(picture.get(), 90));
     const auto* const copy = dynamic_cast<SDL2KestroSurface*>(picture.get());
     SDL_Surface* const opaque =
         copy ? SDL_ConvertSurfaceFormat(copy->getSurface(), SDL_PIXELFORMAT_RGB24, 0) : nullptr;
-    if (opaque && IMG_SavePNG(opaque, mShot.c_str()) == 0)
-        mShotState = written;
-    else
-        fprintf(stderr, "navora: cannot write '%s': %s\n", mShot.c_str(), SDL_GetError());
+    if (!opaque || IMG_SavePNG(opaque, path.c_str()) != 0) {
+        mFailed = true;
+        fprintf(stderr, "navora: cannot write '%s': %s\n", path.c_str(), SDL_GetError());
+    }
     SDL_FreeSurface(opaque);
 }
 
 bool ScriptedInput::shotFailed() const {
-    if (mShot.empty() || mShotState == written)
+    if (mShot.empty())
         return false;
-    if (mShotState == pending)
+    if (!mEnded)
         fprintf(stderr, "navora: the launcher has ended before '%s' could be written\n", mShot.c_str());
-    return true;
+    return mFailed || !mEnded;
 }
 
 } // namespace navora

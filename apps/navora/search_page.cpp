@@ -5,6 +5,8 @@
 #include "gfx/fill.h"
 #include "gfx/text.h"
 #include "navora/look.h"
+#include "navora/place.h"
+#include "navora/unsettled.h"
 #include "navora/words.h"
 #include "shell/skin.h"
 #include "system/language.h"
@@ -16,7 +18,7 @@ static constexpr SDL_Rect sFound{490, headerHeight, 780, 576};
 static constexpr size_t longestKey = 24;
 
 SearchPage::SearchPage(Shell& shell, const std::string& folder)
-    : Page(shell, wordSearch), mIndex(folder),
+    : Page(shell, wordSearch), mFolder(folder), mIndex(folder),
       mFound(shell, ListKind::search, "skin/bg-found-f.png", "skin/bg-found-n.png") {
     SDL_Rect place = sFound;
     mFound.updateRectAndNum(place, 6);
@@ -24,10 +26,47 @@ SearchPage::SearchPage(Shell& shell, const std::string& folder)
     mFound.setFocus(false);
 }
 
+SearchPage* SearchPage::reopened(Shell& shell, const std::string& folder, const cJSON* state) {
+    auto* const page = new SearchPage(shell, folder);
+    for (const char letter : textOf(state, "key"))
+        if (page->mPad.has(letter))
+            page->type(letter);
+    page->mPad.select(numberOf(state, "pad", 0));
+    page->mInList = numberOf(state, "inList", 0) != 0;
+    page->mAwaited.reset(cJSON_Duplicate(state, true));
+    page->mFound.setFocus(page->mInList);
+    return page;
+}
+
+void SearchPage::saveState(cJSON* state) {
+    cJSON_AddStringToObject(state, "page", "search");
+    cJSON_AddStringToObject(state, "base", mFolder.c_str());
+    cJSON_AddStringToObject(state, "key", mKey.c_str());
+    cJSON_AddNumberToObject(state, "pad", mPad.selected());
+    cJSON_AddNumberToObject(state, "inList", mInList);
+    if (mAwaited)
+        for (const char* name : {"cursor", "first", "row"})
+            cJSON_AddItemToObject(
+                state, name, cJSON_Duplicate(cJSON_GetObjectItemCaseSensitive(mAwaited.get(), name), true));
+    else
+        savePosition(mFound, state);
+}
+
 void SearchPage::update() {
     Page::update();
     if (mIndex.gather())
         search();
+    if (!mIndex.isComplete())
+        noteUnsettled();
+    if (mAwaited && mIndex.isComplete()) {
+        restorePosition(mFound, mAwaited.get());
+        mAwaited = nullptr;
+    }
+}
+
+void SearchPage::themeChanged() {
+    mPad.loadPictures();
+    mFound.refresh();
 }
 
 void SearchPage::search() {
@@ -74,11 +113,18 @@ int SearchPage::handleList(int code) {
     return loopIgnored;
 }
 
+/// A list that is still to be filled keeps it.
+bool SearchPage::listHasCursor() {
+    return mInList && (mAwaited || mFound.getListNum() > 0);
+}
+
 int SearchPage::handleInput() {
     const int code = wait_event(nullptr);
     if (code == keyMenu)
         return loopClose;
-    mInList = mInList && mFound.getListNum() > 0;
+    if (code != 0)
+        mAwaited = nullptr;
+    mInList = listHasCursor();
     const int result = mInList ? handleList(code) : handlePad(code);
     mFound.setFocus(mInList);
     return result;

@@ -82,6 +82,13 @@ void SettingsPage::quit() {
     hostkit::saveSettings();
 }
 
+/// Tells that there are more rows than fit, as other lists do.
+void SettingsPage::drawContent() {
+    ListPage::drawContent();
+    if (menu().getListNum() > menu().getRowsPerPage())
+        drawListNumAtStatBar(menu().getCursor() + 1, menu().getListNum());
+}
+
 /// The rows hold the old theme's pictures: they are made anew around the same cursor.
 void SettingsPage::themeChanged() {
     const int cursor = menu().getCursor();

@@ -25,6 +25,7 @@ public:
     void saveState(cJSON* state) override;
 
 protected:
+    void drawContent() override;
     void themeChanged() override;
 
 private:

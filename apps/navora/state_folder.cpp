@@ -1,5 +1,6 @@
 #include "navora/state_folder.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -31,11 +32,11 @@ static std::string userFolder(const char* name, const char* fallback) {
 std::string stateFolder() {
     const std::string root = variable("KESTRO_DEVICE_ROOT");
     const std::string disk = root + "/mnt/UDISK";
-    struct stat status {};
-    if (!root.empty())
-        return disk + "/navora";
-    if (stat(disk.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
-        return disk + "/navora";
+    std::error_code ignored;
+    return root.empty() && !fs::is_directory(disk, ignored) ? "" : disk + "/navora";
+}
+
+std::string userDataFolder() {
     return userFolder("XDG_DATA_HOME", "/.local/share/navora");
 }
 
@@ -53,10 +54,9 @@ static void syncFolder(const fs::path& folder) {
 }
 
 static bool writeAndSync(const std::string& path, const std::string& content) {
-    std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "w"), fclose);
-    const bool written = file && fwrite(content.data(), 1, content.size(), file.get()) == content.size() &&
-                         fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0;
-    return file && fclose(file.release()) == 0 && written;
+    std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "we"), fclose);
+    return file && fwrite(content.data(), 1, content.size(), file.get()) == content.size() &&
+           fflush(file.get()) == 0 && fsync(fileno(file.get())) == 0 && fclose(file.release()) == 0;
 }
 
 bool writeDurably(const std::string& path, const std::string& content) {
@@ -64,10 +64,14 @@ bool writeDurably(const std::string& path, const std::string& content) {
     const fs::path folder = fs::path(path).parent_path();
     std::error_code ignored; // what follows fails too
     fs::create_directories(folder, ignored);
-    if (!writeAndSync(beside, content) || rename(beside.c_str(), path.c_str()) != 0)
-        return false;
-    syncFolder(folder);
-    return true;
+    if (writeAndSync(beside, content) && rename(beside.c_str(), path.c_str()) == 0) {
+        syncFolder(folder);
+        return true;
+    }
+    const int reason = errno;
+    unlink(beside.c_str()); // half a file, which may fill what is left of the disk
+    errno = reason;
+    return false;
 }
 
 bool writeStateFile(const std::string& name, const std::string& content) {

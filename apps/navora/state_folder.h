@@ -5,11 +5,14 @@
 namespace navora {
 
 /// The folder of what the launcher keeps for itself, without "/" at its end: "/mnt/UDISK/navora" on the
-/// device and below a device root; else "navora" in XDG_DATA_HOME, which is
-/// "~/.local/share" if it is not set. "" if there is no such place either.
+/// device, or below the folder that stands for its root. "" where there is neither.
 std::string stateFolder();
 
-/// The folder "navora" of XDG_CONFIG_HOME, which is "~/.config" if it is not set; "" if there is none.
+/// The folder "navora" of XDG_DATA_HOME, which is "~/.local/share" if it is not set or no absolute path; ""
+/// without a home folder, and in a privileged process.
+std::string userDataFolder();
+
+/// The same of XDG_CONFIG_HOME, which is "~/.config" if it is not set.
 std::string configFolder();
 
 /// Writes a file in such a way that a power cut leaves the old one or the new one; makes its folder first.

@@ -98,7 +98,7 @@ static SDL_Point fitted(const SDL_Surface& picture, const Request& request) {
 }
 
 static Pixels load(const Request& request) {
-    Pixels picture(kestro::decodePicture(request.path.c_str()));
+    Pixels picture(decodePictureFile(request.path.c_str()));
     if (picture)
         picture.reset(SDL_ConvertSurfaceFormat(picture.get(), SDL_PIXELFORMAT_ARGB8888, 0));
     if (!picture || picture->w < 1 || picture->h < 1)

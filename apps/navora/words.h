@@ -54,6 +54,23 @@ enum Word {
     wordMissingProgram,
     wordProgramFailed,
     wordCardGone,
+    wordSimulatedDevice,
+    wordThisPanel,
+    wordShown,
+    wordBatteryDown,
+    wordBatteryUp,
+    wordCharger,
+    wordWifiStrength,
+    wordHeadphones,
+    wordScreenOnItsSide,
+    wordOn,
+    wordOff,
+    wordScanning,
+    wordConnecting,
+    wordConnected,
+    wordHotspot,
+    wordFromShell,
+    wordOptions, ///< what the third face button opens
 };
 
 /// Appends the words to the built-in strings. Before initLang.

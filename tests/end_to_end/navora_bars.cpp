@@ -45,6 +45,18 @@ TEST_F(NavoraBarsTest, TheSameHintsAreOnEveryPage) {
         EXPECT_EQ(barShot(keys).part(layout::hints), hints) << keys;
 }
 
+TEST_F(NavoraBarsTest, AHintTellsWhereTheThirdFaceButtonHasOptions) {
+    mFolder.addFolder("b");
+    const Picture none = barShot("").part(layout::options);
+    const Picture hint = barShot("a,down").part(layout::options);
+    EXPECT_NE(hint, none);
+    EXPECT_EQ(barShot("a,down,x,down,a").part(layout::options), hint) << "and makes it a favourite";
+    EXPECT_EQ(barShot("down,a").part(layout::options), hint);
+    EXPECT_EQ(barShot("r,right,right,right,right,right,right").part(layout::options), hint);
+    for (const char* keys : {"a", "down,down,a", "a,down,a", "r", "up,a"})
+        EXPECT_EQ(barShot(keys).part(layout::options), none) << keys;
+}
+
 TEST_F(NavoraBarsTest, TheTimeIsOnEveryPage) {
     for (const char* keys : sPages)
         EXPECT_GT(timedShot(mFolder.path(), keys).part({1000, 20, 119, 40}).colors(), 30) << keys;

@@ -74,6 +74,40 @@ TEST_F(NavoraDeviceTest, F1ShowsAndHidesThePanelOverThePage) {
     EXPECT_EQ(deviceShot(device, "f1,down").without(sPanel), deviceShot(device, "down").without(sPanel));
 }
 
+// To windows over a page: the menu of a game, and a question about what was played.
+static constexpr const char* sPopUp = "a,down,down,down,x";
+static constexpr const char* sQuestion = "a,down,down,down,a,b,b,down,down,a,x,up,a";
+
+TEST_F(NavoraDeviceTest, ThePanelIsOverWhateverIsOpen) {
+    const ToolDevice device;
+    const Picture panel = deviceShot(device, "f1").part(sPanel);
+    for (const std::string keys : {sPopUp, sQuestion}) {
+        const Picture window = deviceShot(device, keys);
+        const Picture both = deviceShot(device, keys + ",f1");
+        EXPECT_EQ(both.part(sPanel), panel) << keys;
+        EXPECT_EQ(both.without(sPanel), window.without(sPanel)) << keys;
+        EXPECT_EQ(deviceShot(device, "f1," + keys), both) << keys;
+        EXPECT_EQ(deviceShot(device, "f1," + keys + ",f1"), window) << keys;
+    }
+}
+
+TEST_F(NavoraDeviceTest, WhatIsOpenShowsTheDeviceBelowAsItIs) {
+    for (const std::string keys : {sPopUp, sQuestion}) {
+        const Picture after = deviceShot(ToolDevice(), keys + ",f2,f4,f7");
+        EXPECT_EQ(after, deviceShot(ToolDevice(), "f2,f4,f7," + keys));
+        EXPECT_NE(after, deviceShot(ToolDevice(), keys));
+    }
+}
+
+TEST_F(NavoraDeviceTest, ThePanelSpeaksTheLanguage) {
+    const ToolDevice device;
+    const Picture english = deviceShot(device, "f1").part(sPanel);
+    for (const char* language : {"ch.lang", "es.lang", "jp.lang", "ko.lang", "pt.lang"})
+        EXPECT_NE(deviceShot(device, "f1", {"--lang", language}).part({680, 156, 350, 38}),
+                  english.part({24, 66, 350, 38}))
+            << language;
+}
+
 TEST_F(NavoraDeviceTest, TheOptionShowsThePanelFromTheStart) {
     const ToolDevice device;
     EXPECT_EQ(deviceShot(device, "", {"--device-panel"}), deviceShot(device, "f1"));
@@ -155,6 +189,14 @@ TEST_F(NavoraDeviceTest, TheLanguageChangesWhileItRuns) {
     EXPECT_EQ(next, deviceShot(device));
 }
 
+TEST_F(NavoraDeviceTest, TheFirstSettingsThatAreSavedAreNoChangeOfLanguage) {
+    ToolDevice device;
+    device.folder().addFile("mnt/UDISK/system.json", "{}");
+    const std::vector<std::string> chinese{"--lang", "ch.lang"};
+    const Picture page = deviceShot(device, "up,a,b,f7", chinese); // the key lets it look at once
+    EXPECT_EQ(page, deviceShot(device, "up", chinese));
+}
+
 TEST_F(NavoraDeviceTest, TheScreenIsTurnedWhileItRuns) {
     const ToolDevice device;
     const auto games = [&](const std::string& keys, std::vector<std::string> options = {}) {
@@ -176,6 +218,11 @@ TEST_F(NavoraDeviceTest, NoPageLosesItsPicturesWhenTheScreenIsTurned) {
     for (const auto& [before, after] : {std::pair("down", ""),
                                         {"up,a,down", ""},
                                         {"up,a,down", ",b"},
+                                        {"r,right,a", ""},
+                                        {sPopUp, ""},
+                                        {sPopUp, ",b"},
+                                        {sQuestion, ""},
+                                        {sQuestion, ",b"},
                                         {"a,down,down,a", ""},
                                         {"a,down,down,a", ",b"},
                                         {"a,down,down,a", ",b,b"}}) {
@@ -193,12 +240,13 @@ TEST_F(NavoraDeviceTest, SettingsThatAreNoneStayAsTheyAre) {
     EXPECT_EQ(device.files(), before);
 }
 
-TEST_F(NavoraDeviceTest, OnARealDeviceThereIsNoPanelAndNoKey) {
+TEST_F(NavoraDeviceTest, OnARealDeviceOrTheUsersOwnThereIsNoPanelAndNoKey) {
     const auto real = [&](const std::string& keys, const std::vector<std::string>& options = {}) {
         std::vector<std::string> command{NAVORA, "--shot", mResults.path("real.png"), "--keys", keys};
         command.insert(command.end(), options.begin(), options.end());
-        auto launcher =
-            std::make_unique<Process>(command, std::vector<std::string>{"KESTRO_DEVICE_ROOT="}, "");
+        const std::vector<std::string> environment{"KESTRO_DEVICE_ROOT=",
+                                                   "XDG_DATA_HOME=" + mResults.path("data")};
+        auto launcher = std::make_unique<Process>(command, environment, "");
         launcher->wait();
         return launcher;
     };

@@ -1,6 +1,7 @@
 #include "end_to_end/sample_folder.h"
 #include "navora/game_lists.h"
 #include "navora/json_file.h"
+#include "navora/state_folder.h"
 
 #include <gmock/gmock.h>
 
@@ -141,6 +142,25 @@ TEST_F(GameListsTest, AHugeFileIsNotRead) {
               "navora: " + mFile + ": too long; it is not used\n");
 }
 
+TEST_F(GameListsTest, AFileThatCannotBeReadIsLeftAlone) {
+    std::filesystem::create_directories(mFile + "/in the way");
+    CaptureStderr();
+    GameLists lists(mFile);
+    EXPECT_EQ(GetCapturedStderr(), "navora: " + mFile + ": Is a directory\n");
+    lists.noteStarted("/a");
+    EXPECT_THAT(lists.recents(), ElementsAre("/a"));
+    EXPECT_TRUE(std::filesystem::exists(mFile + "/in the way"));
+    EXPECT_FALSE(std::filesystem::exists(mFile + ".broken"));
+}
+
+TEST_F(GameListsTest, WithoutAFileTheyLastUntilTheEndInSilence) {
+    CaptureStderr();
+    GameLists lists("");
+    lists.noteStarted("/a");
+    EXPECT_EQ(GetCapturedStderr(), "");
+    EXPECT_THAT(lists.recents(), ElementsAre("/a"));
+}
+
 TEST_F(GameListsTest, WhereNothingCanBeWrittenTheyLastUntilTheEnd) {
     mFolder.addFile("state");
     CaptureStderr();
@@ -162,15 +182,22 @@ protected:
     std::string mHome = getenv("HOME") ? getenv("HOME") : "";
 };
 
-TEST_F(StateFileTest, IsBelowTheDeviceRootElseAmongTheUsersData) {
+TEST_F(StateFileTest, IsOnTheDeviceOrBelowTheFolderThatStandsForIt) {
     setenv("KESTRO_DEVICE_ROOT", "/device", 1);
     EXPECT_EQ(stateFile("a.json"), "/device/mnt/UDISK/navora/a.json");
-    const bool onDevice = std::filesystem::exists("/mnt/UDISK");
-    const std::string deviceFile = "/mnt/UDISK/navora/a.json";
     setenv("KESTRO_DEVICE_ROOT", "", 1);
-    setenv("XDG_DATA_HOME", "/data", 1);
-    EXPECT_EQ(stateFile("a.json"), onDevice ? deviceFile : "/data/navora/a.json");
-    unsetenv("XDG_DATA_HOME");
+    const bool onDevice = std::filesystem::exists("/mnt/UDISK");
+    EXPECT_EQ(stateFile("a.json"), onDevice ? "/mnt/UDISK/navora/a.json" : "");
+}
+
+TEST_F(StateFileTest, TheUsersDataAreWhereTheVariableSaysElseInTheHomeFolder) {
     setenv("HOME", "/home/me", 1);
-    EXPECT_EQ(stateFile("a.json"), onDevice ? deviceFile : "/home/me/.local/share/navora/a.json");
+    setenv("XDG_DATA_HOME", "/data", 1);
+    EXPECT_EQ(navora::userDataFolder(), "/data/navora");
+    setenv("XDG_DATA_HOME", "relative", 1);
+    EXPECT_EQ(navora::userDataFolder(), "/home/me/.local/share/navora");
+    unsetenv("XDG_DATA_HOME");
+    EXPECT_EQ(navora::userDataFolder(), "/home/me/.local/share/navora");
+    unsetenv("HOME");
+    EXPECT_EQ(navora::userDataFolder(), "");
 }

@@ -55,6 +55,7 @@ TEST_F(NavoraOptionsTest, UnknownKeyNamesAreUsageErrors) {
     expectUsageError({"--keys", "a,,b"}, "--keys: there is no key ''");
     expectUsageError({"--keys", "a,"}, "--keys: there is no key ''");
     expectUsageError({"--keys", "Down"}, "--keys: there is no key 'Down'");
+    expectUsageError({"--keys", "down,shot"}, "--keys: 'shot' needs --shot");
 }
 
 TEST_F(NavoraOptionsTest, MoreThanOneFolderIsAUsageError) {
@@ -96,6 +97,14 @@ TEST_F(NavoraOptionsTest, APictureThatCannotBeWrittenIsAnError) {
     const Outcome run = runNavora({"--shot", file});
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_THAT(run.errors, HasSubstr("navora: cannot write '" + file + "': "));
+}
+
+TEST_F(NavoraOptionsTest, APictureOnTheWayThatCannotBeWrittenIsAnErrorToo) {
+    mResults.addFolder("a-1.png");
+    const Outcome run = runNavora({"--shot", mResults.path("a.png"), "--keys", "shot,down"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, HasSubstr("navora: cannot write '" + mResults.path("a-1.png") + "': "));
+    EXPECT_EQ(readPicture(mResults.path("a.png")).width, 1280);
 }
 
 TEST_F(NavoraOptionsTest, KeysThatLeaveBeforeThePictureAreAnError) {

@@ -130,6 +130,46 @@ TEST_F(NavoraPlaceTest, AListOfGamesIsKeptWhileAProgramRuns) {
     EXPECT_EQ(opened(), deviceShot("down,down,a"));
 }
 
+/// The search for "1", with the second of the games that it finds.
+static constexpr const char* sSearch = "r,down,down,down,down,right,right,right,a,right,right,right,down";
+
+TEST_F(NavoraPlaceTest, ASearchIsKeptWhileAProgramRuns) {
+    mFolder.addFile("sub/10.rom");
+    mFolder.addFile("sub/12.rom");
+    setScript(":");
+    const std::string keys = sSearch;
+    EXPECT_NE(deviceShot(keys), deviceShot(keys + ",down"));
+    for (const char* next : {"", ",down", ",left", ",left,b", ",left,left,a", ",menu"})
+        EXPECT_EQ(deviceShot(keys + ",a" + next), deviceShot(keys + next)) << next;
+    EXPECT_EQ(deviceShot("r,right,right,right,right,right,right,a"),
+              deviceShot("r,right,right,right,right,right,right"));
+}
+
+TEST_F(NavoraPlaceTest, ASearchOutlastsTheLauncher) {
+    mFolder.addFile("sub/10.rom");
+    mFolder.addFile("sub/12.rom");
+    setScript("touch $1/started; exec sleep 60");
+    runAndEnd(std::string(sSearch) + ",a");
+    EXPECT_EQ(opened(), deviceShot(sSearch));
+    mFolder.addFile("sub/01.rom");
+    EXPECT_EQ(opened(), deviceShot(std::string(sSearch) + ",down")) << "the cursor follows its game";
+}
+
+TEST_F(NavoraPlaceTest, NonsenseInASearchDoesNoHarm) {
+    const std::string base = R"({"list": [{"page": "search", "base": ")" + mFolder.path() + "\", ";
+    for (const char* rest :
+         {R"("key": "\u0001?\u65c5", "pad": 99, "inList": "x", "cursor": -7, "first": 1e300)",
+          R"("key": 7, "pad": -1, "inList": 0, "row": "no such")", R"("pad": 1e300)"}) {
+        setPlace(base + rest + "}]}");
+        EXPECT_EQ(opened(), deviceShot("r")) << rest;
+    }
+    setPlace(base + R"("pad": 37, "key": "0 zZ"}]})");
+    const std::string typed = "r,down,down,down,down,right,right,a,down,down,a,up,up,left,a"; // 0, space, Z
+    EXPECT_EQ(opened().part({24, 90, 448, 64}), deviceShot(typed).part({24, 90, 448, 64}));
+    setPlace(R"({"list": [{"page": "search", "base": "/etc"}]})");
+    EXPECT_EQ(opened(), home());
+}
+
 TEST_F(NavoraPlaceTest, AMalformedOneIsPassedOverWithALineInTheLog) {
     const Picture first = home();
     const std::pair<const char*, const char*> texts[] = {

@@ -170,12 +170,11 @@ TEST_F(NavoraProgramsTest, AMalformedFileIsToldAndTheShippedOneIsUsed) {
 TEST_F(NavoraProgramsTest, TheUsersOwnFoldersAreLookedInToo) {
     SampleFolder home;
     mFolder.addFile("a.rom");
-    home.addFolder("config/navora");
-    home.addFolder("data/navora");
-    const auto run = [&](const std::string& mark) {
+    const auto run = [&](const std::string& mark, const std::string& folder) {
         const std::string programs = R"({"programs": {"rom": ["sh", "-c", "echo )" + mark +
                                      R"( > $1", "%f", ")" + mResults.path("mark") + "\"]}}";
-        home.addFile(mark + "/navora/navora.json", programs);
+        home.addFolder(folder);
+        home.addFile(folder + "/navora.json", programs);
         Process({NAVORA, "--shot", mResults.path("a.png"), "--keys", "a,a", mFolder.path()},
                 {"KESTRO_DEVICE_ROOT=", "XDG_CONFIG_HOME=" + home.path("config"),
                  "XDG_DATA_HOME=" + home.path("data")},
@@ -183,8 +182,8 @@ TEST_F(NavoraProgramsTest, TheUsersOwnFoldersAreLookedInToo) {
             .wait();
         return result("mark");
     };
-    EXPECT_EQ(run("config"), "config\n");
-    EXPECT_EQ(run("data"), "data\n");
+    EXPECT_EQ(run("config", "config/navora"), "config\n");
+    EXPECT_EQ(run("data", "data/navora/device/mnt/UDISK/navora"), "data\n");
 }
 
 /// The launcher is asked to end while a program runs.

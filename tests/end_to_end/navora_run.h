@@ -67,7 +67,8 @@ constexpr SDL_Rect list{0, 80, 1280, 576};
 constexpr SDL_Rect thumbnail{940, 220, 300, 300}; // what the picture under the cursor is fitted into
 constexpr SDL_Rect details{40, 100, 688, 530};    // the same on the details page
 constexpr SDL_Rect facts{776, 100, 464, 200};
-constexpr SDL_Rect hints{0, 660, 640, 60};
+constexpr SDL_Rect hints{0, 660, 472, 60};     // those of all pages
+constexpr SDL_Rect options{474, 660, 240, 60}; // the hint about the third face button, in English
 constexpr SDL_Rect counter{1140, 660, 116, 60};
 constexpr int rowHeight = 96;
 constexpr int rows = 6;

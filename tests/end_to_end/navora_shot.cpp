@@ -24,6 +24,21 @@ TEST_F(NavoraShotTest, RotatedItShowsTheSamePageUpright) {
               page.part({0, 1, 1280, 719}).without(layout::clock));
 }
 
+TEST_F(NavoraShotTest, OnesOnTheWayAreThoseOfTheirKeys) {
+    const std::string sample = NAVORA_RUN_FOLDER "/sample";
+    EXPECT_EQ(shot(sample, "shot,a,down,down,down,shot,x,shot,b,shot,shot,down"),
+              shot(sample, "a,down,down,down,down"));
+    const Picture list = shot(sample, "a,down,down,down"); // which leaves the others
+    const auto page = [&](int number) {
+        return readPicture(mResults.path("page-" + std::to_string(number) + ".png")).without(layout::clock);
+    };
+    EXPECT_EQ(page(2), list);
+    EXPECT_EQ(page(4), list);
+    EXPECT_EQ(page(5), list);
+    EXPECT_EQ(page(1), shot(sample));
+    EXPECT_EQ(page(3), shot(sample, "a,down,down,down,x"));
+}
+
 TEST_F(NavoraShotTest, AThemeReplacesPicturesOfTheSkin) {
     SampleFolder theme;
     theme.addFolder("skin");

@@ -60,6 +60,18 @@ Picture readPicture(const std::string& path) {
     return picture;
 }
 
+bool writePicture(const Picture& picture, const std::string& path) {
+    std::vector<uint32_t> pixels = picture.pixels;
+    SDL_Surface* const surface = SDL_CreateRGBSurfaceWithFormatFrom(
+        pixels.data(), picture.width, picture.height, 32, picture.width * 4, SDL_PIXELFORMAT_RGB888);
+    SDL_Surface* const packed =
+        surface ? SDL_ConvertSurfaceFormat(surface, SDL_PIXELFORMAT_RGB24, 0) : nullptr;
+    const bool written = packed && IMG_SavePNG(packed, path.c_str()) == 0;
+    SDL_FreeSurface(packed);
+    SDL_FreeSurface(surface);
+    return written;
+}
+
 bool looksLike(uint32_t a, uint32_t b, int tolerance) {
     for (int shift = 0; shift <= 16; shift += 8)
         if (abs(static_cast<int>(a >> shift & 0xFF) - static_cast<int>(b >> shift & 0xFF)) > tolerance)

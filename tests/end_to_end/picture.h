@@ -36,6 +36,9 @@ void PrintTo(const Picture& picture, std::ostream* stream);
 /// The PNG file `path`; an empty picture if it cannot be read.
 Picture readPicture(const std::string& path);
 
+/// Writes a picture into the PNG file `path`. Returns whether it could.
+bool writePicture(const Picture& picture, const std::string& path);
+
 /// Whether no channel of a pixel differs by more than `tolerance`.
 bool looksLike(uint32_t a, uint32_t b, int tolerance);
 

@@ -15,7 +15,7 @@
 
 using Clock = std::chrono::steady_clock;
 
-static constexpr std::chrono::seconds patience(30);
+static constexpr std::chrono::seconds patience(60);
 static constexpr std::chrono::milliseconds lookEvery(10);
 
 bool eventually(const std::function<bool()>& holds) {

@@ -33,8 +33,10 @@ protected:
     }
 
     void TearDown() override {
+        hostkit::setBeforeClose(nullptr);
         hostkit::forgetCloseRequest();
         EXPECT_TRUE(gPopupList.empty());
+        SDL_EventState(SDL_POLLSENTINEL, SDL_ENABLE);
         hostkit::gKeyTable.close();
         hostkit::removeKeyTable(hostkit::keyTableName());
         WindowTest::TearDown();
@@ -196,8 +198,23 @@ TEST_F(CloseRequestTest, AForgottenRequestEndsNothing) {
     EXPECT_EQ(frames, 50);
 }
 
+static size_t sWindowsBeforeClose = 0;
+
+TEST_F(CloseRequestTest, BeforeItEndsALoopTheHostSeesAllWindows) {
+    hostkit::setBeforeClose([] { sWindowsBeforeClose = gWinList->size(); });
+    addWindow("below");
+    addSilentWindow(2, pushQuit);
+    sWindowsBeforeClose = 0;
+    EXPECT_THAT(run(), HasSubstr(sLeft));
+    EXPECT_EQ(sWindowsBeforeClose, 3u) << "and the one that ends the loop";
+}
+
 TEST_F(CloseRequestTest, AnotherThreadMayAsk) {
-    RecordedWindow* const window = addSilentWindow(2, [] { std::thread(hostkit::requestClose).join(); });
+    SDL_EventState(SDL_POLLSENTINEL, SDL_IGNORE); // SDL's own event at each look would do
+    RecordedWindow* const window = addSilentWindow(2, [] {
+        std::thread(hostkit::requestClose).join();
+        EXPECT_TRUE(gPopupList.empty()) << "windows are the main thread's";
+    });
     window->onInput = [this] {
         const int code = wait_event(nullptr);
         return code ? code : frames < 50 ? -1 : 1004;

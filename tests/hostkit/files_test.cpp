@@ -79,6 +79,12 @@ TEST_F(FilesTest, AFileRowHasNameIconAndThumbnail) {
     EXPECT_EQ(picture->getSecondImagePath(), folder() + "/notes.png");
 }
 
+TEST_F(FilesTest, APictureIsItsOwnThumbnail) {
+    EXPECT_EQ(row("a.jpg", "/x/a.jpg", file)->getSecondImagePath(), "/x/a.jpg");
+    writeFile("b.png", "");
+    EXPECT_EQ(row("b.webp", folder() + "/b.webp", file)->getSecondImagePath(), folder() + "/b.webp");
+}
+
 TEST_F(FilesTest, AFileWithoutPictureHasNoThumbnail) {
     writeFile("a.rom", "");
     std::filesystem::create_directory("b.png");
@@ -91,12 +97,12 @@ TEST_F(FilesTest, IconsFollowTheExtension) {
         const char* name;
         const char* icon;
     } icons[] = {
-        {"a.png", "skin/ic-image.png"}, {"a.JPG", "skin/ic-image.png"},  {"a.jpeg", "skin/ic-image.png"},
-        {"a.bmp", "skin/ic-image.png"}, {"a.gif", "skin/ic-image.png"},  {"a.WebP", "skin/ic-image.png"},
-        {"a.txt", "skin/ic-text.png"},  {"a.md", "skin/ic-text.png"},    {"a.ogg", "skin/ic-music.png"},
-        {"a.mp3", "skin/ic-music.png"}, {"a.wav", "skin/ic-music.png"},  {"a.mp4", "skin/ic-video.png"},
-        {"a.mkv", "skin/ic-video.png"}, {"a.zip", "skin/ic-file.png"},   {"a", "skin/ic-file.png"},
-        {"png", "skin/ic-file.png"},    {"a.png.gz", "skin/ic-file.png"}};
+        {"a.png", "skin/ic-image.png"}, {"a.JPG", "skin/ic-image.png"}, {"a.jpeg", "skin/ic-image.png"},
+        {"a.bmp", "skin/ic-image.png"}, {"a.gif", "skin/ic-image.png"}, {"a.WebP", "skin/ic-image.png"},
+        {"a.txt", "skin/ic-text.png"},  {"a.md", "skin/ic-text.png"},   {"a.ogg", "skin/ic-music.png"},
+        {"a.mp3", "skin/ic-music.png"}, {"a.wav", "skin/ic-music.png"}, {"a.mp4", "skin/ic-video.png"},
+        {"a.mkv", "skin/ic-video.png"}, {"a.zip", "skin/ic-file.png"},  {"a", "skin/ic-file.png"},
+        {"png", "skin/ic-file.png"},    {".png", "skin/ic-file.png"},   {"a.png.gz", "skin/ic-file.png"}};
     for (const auto& [name, icon] : icons)
         EXPECT_STREQ(hostkit::fileIcon(name), icon) << name;
 }
@@ -184,7 +190,8 @@ TEST_F(FilesTest, WithoutAHostToAskFileRowsDoNothing) {
 }
 
 TEST_F(FilesTest, ABrowserShowsTheWayUpThenFoldersThenFilesAndWalksThroughThem) {
-    for (const char* path : {"base/a/deep/file", "base/a/b.txt", "base/a/A.txt", "base/a/.hidden", "base/z"})
+    for (const char* path :
+         {"base/a/deep/file", "base/a/!/file", "base/a/b.txt", "base/a/A.txt", "base/a/.hidden", "base/z"})
         writeFile(path, "");
     FileBrowserMenu menu((folder() + "/base").c_str(), nullptr, nullptr, nullptr, 6, 0);
     menu.LoadDir();
@@ -196,7 +203,7 @@ TEST_F(FilesTest, ABrowserShowsTheWayUpThenFoldersThenFilesAndWalksThroughThem) 
     };
     EXPECT_THAT(labels(), ElementsAre("a", "z"));
     choose(menu, 0);
-    EXPECT_THAT(labels(), ElementsAre("..", "deep", "A.txt", "b.txt"));
+    EXPECT_THAT(labels(), ElementsAre("..", "!", "deep", "A.txt", "b.txt"));
     choose(menu, 0);
     EXPECT_THAT(labels(), ElementsAre("a", "z"));
     takeLog();

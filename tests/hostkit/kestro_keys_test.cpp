@@ -98,6 +98,7 @@ TEST_F(KestroKeysTest, WrongCommandLinesAreUsageErrors) {
     expectUsageError({"get"}, "get needs an index");
     expectUsageError({"get", "1", "2"}, "get needs an index");
     expectUsageError({"watch"}, "watch needs an index");
+    expectUsageError({"name", "1"}, "name needs nothing more");
     expectUsageError({"set", "1"}, "set needs an index and a value");
     expectUsageError({"set", "1", "2", "3"}, "set needs an index and a value");
     for (const char* index : {"64", "-1", "x", "", "1x", "99999999999999999999"})
@@ -106,6 +107,14 @@ TEST_F(KestroKeysTest, WrongCommandLinesAreUsageErrors) {
         expectUsageError({"set", "1", value},
                          "'" + std::string(value) + "' is not a whole number of 32 bits");
     EXPECT_EQ(KeyTable().get(1), 0);
+}
+
+TEST_F(KestroKeysTest, WhatCannotBeWrittenIsAnError) {
+    for (const char* arguments : {"get 1", "watch 1", "name", "--help", "--version"}) {
+        Process keys({"sh", "-c", std::string(KESTRO_KEYS " ") + arguments + " >/dev/full"}, {}, "");
+        EXPECT_EQ(keys.wait(), 1) << arguments;
+        EXPECT_EQ(keys.errors(), "kestro-keys: cannot write: No space left on device\n") << arguments;
+    }
 }
 
 TEST_F(KestroKeysTest, NamePrintsTheObjectsName) {

@@ -105,6 +105,30 @@ TEST_F(KitKeyToneTest, WithoutASoundDeviceThereIsNoTone) {
     hostkit::stopKeyTone();
 }
 
+TEST_F(KitKeyToneTest, FilesAreClosedAgain) {
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    };
+    for (const bool isSound : {false, true}) {
+        if (isSound)
+            writeSound("sound/key-tone.wav", 500);
+        else
+            writeFile("sound/key-tone.wav", "no sound");
+        hostkit::startKeyTone();
+        const auto before = openFiles();
+        hostkit::startKeyTone();
+        EXPECT_EQ(openFiles(), before) << isSound;
+    }
+}
+
+TEST_F(KitKeyToneTest, StoppedTheSoundDeviceIsClosedHoweverOftenItWasStarted) {
+    hostkit::startKeyTone();
+    hostkit::startKeyTone();
+    EXPECT_NE(Mix_QuerySpec(nullptr, nullptr, nullptr), 0);
+    hostkit::stopKeyTone();
+    EXPECT_EQ(Mix_QuerySpec(nullptr, nullptr, nullptr), 0);
+}
+
 TEST_F(KitKeyToneTest, AHostsOwnToneIsLeftToIt) {
     hostkit::startKeyTone();
     Mix_Chunk own{};

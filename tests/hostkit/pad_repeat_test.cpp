@@ -7,7 +7,10 @@
 
 #include <SDL.h>
 
+#include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 /// A window reads a pad while the key-repeat thread runs.
 class PadRepeatTest : public WindowTest {
@@ -17,16 +20,22 @@ protected:
         SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
         ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_GAMECONTROLLER), 0) << SDL_GetError();
         hostkit::openPads();
-        describePads("a:b0,dpup:b1,dpdown:b2,dpleft:b3,dpright:b4");
-        mPad = std::make_unique<VirtualPad>();
-        initJoyStick();
-        SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
     }
 
     void TearDown() override {
         mPad.reset();
         hostkit::closePads();
         WindowTest::TearDown();
+    }
+
+    /// A pad that is plugged in, and reports itself like this; "" is one that is not known.
+    void plugIn(const std::string& mapping) {
+        if (!mapping.empty())
+            describePads(mapping);
+        mPad = std::make_unique<VirtualPad>();
+        initJoyStick();
+        SDL_PumpEvents();
+        SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
     }
 
     /// The codes that the window has got when `steps` have been done, one a frame, each followed by the time
@@ -57,12 +66,27 @@ protected:
 
 static void nothing() {}
 
+static const char* const sButtonPad = "a:b0,dpup:b1,dpdown:b2,dpleft:b3,dpright:b4";
+
 TEST_F(PadRepeatTest, AHeldDPadButtonRepeats) {
+    plugIn(sButtonPad);
     EXPECT_THAT(codesAfter({[&] { mPad->press(2); }, nothing, nothing, [&] { mPad->release(2); }, nothing}),
                 testing::ElementsAre(6, 6, 6, 6));
 }
 
 TEST_F(PadRepeatTest, UnpluggingEndsTheRepeat) {
-    EXPECT_THAT(codesAfter({[&] { mPad->press(2); }, nothing, [&] { mPad->detach(); }, nothing, nothing}),
-                testing::ElementsAre(6, 6, 6));
+    const auto unplug = [&] { mPad->detach(); };
+    const struct {
+        const char* mapping;
+        std::function<void()> hold;
+    } pads[] = {{"", [&] { mPad->moveHat(SDL_HAT_DOWN); }},
+                {sButtonPad, [&] { mPad->press(2); }},
+                {"a:b0,dpup:h0.1,dpright:h0.2,dpdown:h0.4,dpleft:h0.8", [&] { mPad->moveHat(SDL_HAT_DOWN); }},
+                {"a:b0,dpup:-a1,dpdown:+a1,dpleft:-a0,dpright:+a0", [&] { mPad->moveAxis(1, 32767); }},
+                {"a:b0,leftx:a0,lefty:a1", [&] { mPad->moveAxis(1, 32767); }}};
+    for (const auto& pad : pads) {
+        plugIn(pad.mapping);
+        EXPECT_THAT(codesAfter({pad.hold, nothing, unplug, nothing, nothing}), testing::ElementsAre(6, 6, 6))
+            << pad.mapping;
+    }
 }

@@ -3,6 +3,7 @@
 #include "gfx/screen.h"
 #include "hostkit/theme.h"
 #include "shell/skin.h"
+#include "support/creation_log.h"
 #include "support/skin_files_test.h"
 
 #include <memory>
@@ -47,6 +48,15 @@ TEST_F(RotationTest, TheSkinIsLoadedForTheNewScreen) {
     const auto* const icon = dynamic_cast<SDL2KestroSurface*>(gIconVideo);
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(SDL_QueryTexture(icon->getTexture(), nullptr, nullptr, nullptr, nullptr), 0);
+    EXPECT_NE(gListFontTxt, nullptr);
+}
+
+TEST_F(RotationTest, AScreenThatCannotBeTurnedStaysAsItWas) {
+    CreationLog creations;
+    creations.refuseTallWindows();
+    EXPECT_TRUE(hostkit::rotateScreen(true));
+    EXPECT_FALSE(hostkit::screenIsRotated());
+    EXPECT_NE(gRenderer, nullptr);
     EXPECT_NE(gListFontTxt, nullptr);
 }
 
