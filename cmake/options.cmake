@@ -12,3 +12,14 @@ if(KESTRO_SANITIZE)
     -fsanitize=${KESTRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kestro-options INTERFACE -fsanitize=${KESTRO_SANITIZE})
 endif()
+
+# How what ships is hardened, against input that finds a hole after all: the addresses of calls are fixed before
+# the program starts and cannot be written then, arrays on the stack are guarded, copies of known size are
+# checked, and no stack can be run. tools/check-hardening looks at the result.
+add_library(kestro-hardening INTERFACE)
+target_link_options(kestro-hardening INTERFACE LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack)
+if(NOT KESTRO_SANITIZE)
+  target_compile_options(kestro-hardening INTERFACE -fstack-protector-strong
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE>
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=2>)
+endif()

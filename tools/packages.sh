@@ -9,7 +9,9 @@ packages_to_run=(
 # Besides those above.
 packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 xvfb xauth xdotool)
 packages_for_contact_sheet=(imagemagick) # only that tool
-packages_to_check=(clang-format shellcheck valgrind)
+packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev) # only tools/bench
+packages_to_fuzz=(clang-14 libclang-rt-14-dev) # only tools/fuzz
+packages_to_check=(clang-format shellcheck valgrind python3 strace)
 
 on_debian() {
   command -v dpkg-query >/dev/null && command -v apt-get >/dev/null
@@ -20,6 +22,9 @@ present_elsewhere() {
   case $1 in
     ninja-build) command -v ninja >/dev/null ;;
     xvfb) command -v Xvfb >/dev/null ;;
+    gnuplot-nox) command -v gnuplot >/dev/null ;;
+    clang-14) command -v clang++-14 >/dev/null ;;
+    libclang-rt-14-dev) true ;; # comes with clang elsewhere
     imagemagick) command -v montage >/dev/null ;;
     libsdl2-dev) pkg-config --exists sdl2 ;;
     libsdl2-ttf-dev) pkg-config --exists SDL2_ttf ;;
@@ -28,6 +33,8 @@ present_elsewhere() {
     libcjson-dev) pkg-config --exists libcjson ;;
     libgtest-dev) pkg-config --exists gtest ;;
     libgmock-dev) pkg-config --exists gmock ;;
+    libpixman-1-dev) pkg-config --exists pixman-1 ;;
+    libyuv-dev) [[ -e /usr/include/libyuv.h || -e /usr/local/include/libyuv.h ]] ;;
     libx11-dev) pkg-config --exists x11 ;;
     fonts-wqy-microhei) [[ -n $(find -L /usr/share/fonts -name wqy-microhei.ttc -print -quit 2>/dev/null) ]] ;;
     libgl1-mesa-dri | libegl1) true ;; # comes with any desktop

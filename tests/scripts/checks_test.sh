@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # shellcheck disable=SC2317
-# tools/check-includes, check-headers and check-exports: each finds what it is there to find.
+# tools/check-includes, check-headers, check-exports and check-hardening: each finds what it is there to find.
 set -euo pipefail
 # shellcheck source=tests/scripts/support.sh
 . "$(dirname "$0")/support.sh"
 
 # A small repository in which everything is in order.
 tidy_house() {
-  real sort diff tsort nproc xargs pkg-config g++ as ld nm
+  real sort diff tsort nproc xargs grep find pkg-config g++ as ld nm
   cp -r "$repository/tools" .
   mkdir core gfx cmake
   echo '#define KESTRO_API __attribute__((visibility("default")))' >core/export.h
@@ -142,6 +142,45 @@ test_a_name_that_is_no_longer_exported_is_found() {
   try tools/check-exports library.so
   expect status "$status" 1
   expect_part output "$output" "-gone()"
+}
+
+# A library that copies into an array of its own; "$@" are options of the compiler.
+guarded_library() {
+  real readelf
+  printf '%s\n' '#include <cstring>' \
+    'void take(char*); void copy(const char* from) { char to[16]; strcpy(to, from); take(to); }' >copy.cpp
+  g++ -O2 -shared -fPIC -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -Wl,-z,relro,-z,now \
+    "$@" copy.cpp -o library.so
+}
+
+test_a_hardened_library_passes() {
+  tidy_house
+  guarded_library
+  try tools/check-hardening library.so
+  expect output "$output" ""
+  expect status "$status" 0
+}
+
+test_every_lack_of_hardening_is_found() {
+  tidy_house
+  local options lack
+  while IFS='|' read -r options lack; do
+    guarded_library "$options"
+    try tools/check-hardening library.so
+    expect status "$status" 1
+    expect output "$output" "library.so lacks $lack"
+  done <<'END'
+-Wl,-z,norelro|read-only relocations
+-Wl,-z,lazy|binding at the start
+-Wl,-z,execstack|a stack that cannot be run
+-fno-stack-protector|guarded stacks
+-U_FORTIFY_SOURCE|checked copies
+END
+  g++ -no-pie -O2 -fstack-protector-all -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -Wl,-z,relro,-z,now -x c++ - -o program \
+    <<<'#include <cstdio>
+int main(int count, char** words) { return count > 9 ? printf(words[0]) : 0; }' 2>/dev/null
+  try tools/check-hardening program
+  expect output "$output" "program lacks a random address"
 }
 
 run_tests

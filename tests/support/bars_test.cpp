@@ -42,6 +42,8 @@ void BarsTest::reloadSkin() {
     gNavColorTxt = titleColor;
     gNavColorIcon = levelColor;
     gStatColorTxt = hintColor;
+    TTF_SetFontSize(gNavFontIcon, levelPoints);
+    TTF_SetFontSize(gStatFont, hintPoints);
     gIconCache.clear();
     takeLog();
 }

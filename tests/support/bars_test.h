@@ -10,12 +10,14 @@
 /// A test of the two bars, with every picture of theirs in "./skin": status icons of 33 x 32 pixels, a
 /// background that reaches down to y 63, the back arrow (56 x 56), the hints A and B (44 x 44) and MENU (64 x
 /// 44). The device is empty: no battery file, no process, no marker, volume 0. The title of a page, the
-/// status icons' text and the hints have colours of their own.
+/// status icons' text and the hints have colours and sizes of their own.
 class BarsTest : public SkinnedTest {
 protected:
     static constexpr SDL_Color titleColor{1, 1, 1, 255};
     static constexpr SDL_Color levelColor{2, 2, 2, 255};
     static constexpr SDL_Color hintColor{3, 3, 3, 255};
+    static constexpr int levelPoints = 26;
+    static constexpr int hintPoints = 22;
 
     /// The names of the status icons.
     static const std::vector<std::string> iconNames;

@@ -10,6 +10,7 @@
 static bool sNoting = false;
 static std::vector<std::string> sCalls;
 static int sTexturesFromSurfaces = std::numeric_limits<int>::max();
+static bool sRefusingTallWindows = false;
 
 static void note(const std::string& call) {
     if (sNoting)
@@ -49,6 +50,10 @@ extern "C" SDL_Window* SDL_CreateWindow(const char* title, int x, int y, int w, 
     const bool anywhere = x == static_cast<int>(SDL_WINDOWPOS_UNDEFINED) && x == y;
     note(std::string("window ") + title + " " + shownSize(w, h) + (anywhere ? " anywhere" : " somewhere") +
          (flags == SDL_WINDOW_SHOWN ? " shown" : " otherwise"));
+    if (sRefusingTallWindows && h > w) {
+        SDL_SetError("no tall windows in this test");
+        return nullptr;
+    }
     return real(title, x, y, w, h, flags);
 }
 
@@ -104,6 +109,7 @@ CreationLog::CreationLog() {
 }
 
 CreationLog::~CreationLog() {
+    sRefusingTallWindows = false;
     sNoting = false;
     sTexturesFromSurfaces = std::numeric_limits<int>::max();
 }
@@ -112,6 +118,10 @@ std::vector<std::string> CreationLog::take() {
     std::vector<std::string> calls;
     calls.swap(sCalls);
     return calls;
+}
+
+void CreationLog::refuseTallWindows() {
+    sRefusingTallWindows = true;
 }
 
 void CreationLog::allowTexturesFromSurfaces(int more) {

@@ -20,6 +20,9 @@ public:
     /// The calls since the last call of this.
     std::vector<std::string> take();
 
+    /// Lets windows fail that are higher than wide, as if the display could not be turned.
+    void refuseTallWindows();
+
     /// Lets SDL make `more` textures from surfaces; the ones after that fail, as if graphics memory were
     /// full.
     void allowTexturesFromSurfaces(int more);

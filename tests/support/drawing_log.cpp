@@ -9,6 +9,7 @@
 
 static bool sNoting = false;
 static std::vector<std::string> sCalls;
+static std::vector<SDL_BlendMode> sBlending;
 
 static std::string shown(const SDL_Rect* rect) {
     if (!rect)
@@ -44,14 +45,17 @@ static std::string shownBlending(SDL_Renderer* renderer) {
 }
 
 static void note(SDL_Renderer* renderer, const std::string& call) {
-    if (sNoting)
-        sCalls.push_back(call + (SDL_GetRenderTarget(renderer) ? " on T" : " on W"));
+    sCalls.push_back(call + (SDL_GetRenderTarget(renderer) ? " on T" : " on W"));
 }
 
 extern "C" int SDL_RenderCopy(SDL_Renderer* renderer, SDL_Texture* texture, const SDL_Rect* src,
                               const SDL_Rect* dst) {
     static const auto real = REAL_FUNCTION(SDL_RenderCopy);
-    note(renderer, TextureNames::of(texture) + " " + shown(src) + " -> " + shown(dst));
+    if (sNoting) { // a text that is not wanted takes memory too, which a test may count
+        sBlending.push_back(SDL_BLENDMODE_INVALID);
+        SDL_GetTextureBlendMode(texture, &sBlending.back());
+        note(renderer, TextureNames::of(texture) + " " + shown(src) + " -> " + shown(dst));
+    }
     return real(renderer, texture, src, dst);
 }
 
@@ -61,20 +65,23 @@ extern "C" int SDL_RenderCopyEx(SDL_Renderer* renderer, SDL_Texture* texture, co
     static const auto real = REAL_FUNCTION(SDL_RenderCopyEx);
     char turn[32];
     snprintf(turn, sizeof turn, "turn %g ", angle);
-    note(renderer, turn + shown(src) + " -> " + shown(dst) + (center ? " round a point" : "") +
-                       (flip == SDL_FLIP_NONE ? "" : " flipped"));
+    if (sNoting)
+        note(renderer, turn + shown(src) + " -> " + shown(dst) + (center ? " round a point" : "") +
+                           (flip == SDL_FLIP_NONE ? "" : " flipped"));
     return real(renderer, texture, src, dst, angle, center, flip);
 }
 
 extern "C" int SDL_RenderFillRect(SDL_Renderer* renderer, const SDL_Rect* rect) {
     static const auto real = REAL_FUNCTION(SDL_RenderFillRect);
-    note(renderer, "fill " + shown(rect) + " " + shownColor(renderer) + " " + shownBlending(renderer));
+    if (sNoting)
+        note(renderer, "fill " + shown(rect) + " " + shownColor(renderer) + " " + shownBlending(renderer));
     return real(renderer, rect);
 }
 
 extern "C" int SDL_RenderClear(SDL_Renderer* renderer) {
     static const auto real = REAL_FUNCTION(SDL_RenderClear);
-    note(renderer, "clear " + shownColor(renderer));
+    if (sNoting)
+        note(renderer, "clear " + shownColor(renderer));
     return real(renderer);
 }
 
@@ -87,6 +94,7 @@ extern "C" void SDL_RenderPresent(SDL_Renderer* renderer) {
 
 DrawingLog::DrawingLog() {
     sCalls.clear();
+    sBlending.clear();
     sNoting = true;
 }
 
@@ -98,4 +106,10 @@ std::vector<std::string> DrawingLog::take() {
     std::vector<std::string> calls;
     calls.swap(sCalls);
     return calls;
+}
+
+std::vector<SDL_BlendMode> DrawingLog::takeBlending() {
+    std::vector<SDL_BlendMode> blending;
+    blending.swap(sBlending);
+    return blending;
 }

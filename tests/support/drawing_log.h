@@ -1,5 +1,7 @@
 #pragma once
 
+#include <SDL.h>
+
 #include <string>
 #include <vector>
 
@@ -23,4 +25,7 @@ public:
 
     /// The calls since the last call of this.
     std::vector<std::string> take();
+
+    /// How the texture of each copy since the last call of this was blended.
+    std::vector<SDL_BlendMode> takeBlending();
 };

@@ -5,6 +5,7 @@
 #include <dirent.h>
 
 static int sTimes = 1;
+static bool sUntyped = false;
 
 static struct {
     DIR* dir = nullptr;
@@ -12,15 +13,22 @@ static struct {
     int left = 0;
 } sRepeated;
 
-extern "C" dirent* readdir(DIR* dir) {
+static dirent* nextEntry(DIR* dir) {
     static const auto real = REAL_FUNCTION(readdir);
+    dirent* const entry = real(dir);
+    if (entry && sUntyped)
+        entry->d_type = DT_UNKNOWN;
+    return entry;
+}
+
+extern "C" dirent* readdir(DIR* dir) {
     if (sTimes == 1)
-        return real(dir);
+        return nextEntry(dir);
     if (sRepeated.left > 0 && sRepeated.dir == dir) {
         --sRepeated.left;
         return sRepeated.entry;
     }
-    dirent* const entry = real(dir);
+    dirent* const entry = nextEntry(dir);
     if (entry && entry->d_name[0] != '.')
         sRepeated = {dir, entry, sTimes - 1};
     return entry;
@@ -33,4 +41,12 @@ EntryRepeater::EntryRepeater(int times) {
 
 EntryRepeater::~EntryRepeater() {
     sTimes = 1;
+}
+
+UntypedEntries::UntypedEntries() {
+    sUntyped = true;
+}
+
+UntypedEntries::~UntypedEntries() {
+    sUntyped = false;
 }

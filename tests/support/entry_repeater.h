@@ -9,3 +9,13 @@ public:
     EntryRepeater(const EntryRepeater&) = delete;
     EntryRepeater& operator=(const EntryRepeater&) = delete;
 };
+
+/// While it lives, folders read in this process do not tell of what kind their entries are, as on some file
+/// systems. Main thread.
+class UntypedEntries {
+public:
+    UntypedEntries();
+    ~UntypedEntries();
+    UntypedEntries(const UntypedEntries&) = delete;
+    UntypedEntries& operator=(const UntypedEntries&) = delete;
+};

@@ -56,8 +56,8 @@ void scalePlainly(const std::vector<Pixel>& source, std::vector<Pixel>& target, 
     size_t out = 0;
     for (uint32_t row = 0; row < s.dh; ++row) {
         if (srcRow == previous) {
-            for (size_t i = 0; i < s.dw; ++i)
-                target[out + i] = target[out - dstPitch + i];
+            const std::vector<Pixel> before(&target[out - dstPitch], &target[out - dstPitch] + s.dw);
+            std::copy(before.begin(), before.end(), &target[out]);
         } else if (s.sw == s.dw) {
             for (size_t i = 0; i < s.sw; ++i)
                 target[out + i] = source[srcRow + i];

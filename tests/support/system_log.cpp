@@ -27,6 +27,11 @@ extern "C" void vsyslog(int priority, const char* format, va_list arguments) {
     writeTo(sReport, "vsyslog priority " + std::to_string(priority) + " [" + message + "]\n");
 }
 
+/// What vsyslog becomes in code that is compiled with checks (_FORTIFY_SOURCE).
+extern "C" void __vsyslog_chk(int priority, int, const char* format, va_list arguments) {
+    vsyslog(priority, format, arguments);
+}
+
 extern "C" void closelog() {
     static const auto real = REAL_FUNCTION(closelog);
     if (sReport < 0)

@@ -10,4 +10,7 @@ public:
     ~ThreadWait();
     ThreadWait(const ThreadWait&) = delete;
     ThreadWait& operator=(const ThreadWait&) = delete;
+
+    /// What the thread that was waited for last has returned; -1000 before any has ended.
+    int returned() const;
 };
