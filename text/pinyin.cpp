@@ -5,6 +5,7 @@
 #include "text/utf8.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
@@ -105,6 +106,21 @@ void InitPinYinMap() {
         gPinyinMap.emplace_hint(gPinyinMap.end(), record.codePoint, syllableOf(record));
 }
 
+/// Copies ASCII characters to `out`, eight at a time, up to the first eight bytes with another among them.
+/// Returns how many.
+static size_t copyAscii(const char* text, size_t length, char* out) {
+    constexpr uint64_t topBits = 0x8080808080808080;
+    uint64_t eight;
+    size_t at = 0;
+    for (; length - at >= sizeof eight; at += sizeof eight) {
+        memcpy(&eight, text + at, sizeof eight);
+        if (eight & topBits)
+            break;
+        memcpy(out + at, &eight, sizeof eight);
+    }
+    return at;
+}
+
 char* GetPinyinInitials2(const char* text) {
     if (!text)
         text = "";
@@ -116,8 +132,15 @@ char* GetPinyinInitials2(const char* text) {
     char* out = initials;
     for (size_t at = 0; at < length;) {
         const kestro::Utf8Step step = kestro::decodeUtf8(text + at, length - at);
-        *out++ = step.codePoint < 128 ? static_cast<char>(step.codePoint) : sFound.of(step.codePoint);
         at += step.length;
+        if (step.codePoint >= 128) {
+            *out++ = sFound.of(step.codePoint);
+            continue;
+        }
+        *out++ = static_cast<char>(step.codePoint);
+        const size_t copied = copyAscii(text + at, length - at, out);
+        at += copied;
+        out += copied;
     }
     *out = 0;
     return initials;

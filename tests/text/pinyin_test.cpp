@@ -125,6 +125,14 @@ TEST_F(PinyinTest, InitialsOfAsciiAreTheCharacters) {
     EXPECT_EQ(initials("Abc"), "Abc");
 }
 
+TEST_F(PinyinTest, AsciiOfAnyLengthAroundChineseKeepsItsPlace) {
+    const std::string ascii = "The Long Winding Road Across";
+    for (size_t before = 0; before <= ascii.size(); ++before)
+        for (size_t after = 0; after <= ascii.size(); ++after)
+            ASSERT_EQ(initials(ascii.substr(0, before) + "\u4E2D" + ascii.substr(0, after)),
+                      ascii.substr(0, before) + "z" + ascii.substr(0, after));
+}
+
 TEST_F(PinyinTest, InitialsOfNothingAreNothing) {
     EXPECT_EQ(initials(""), "");
     char* const ofNull = GetPinyinInitials2(nullptr);
