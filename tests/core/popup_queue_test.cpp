@@ -5,12 +5,11 @@
 class PopupQueueTest : public WindowTest {};
 
 static constexpr const char* added = "add popup window\n";
-static const std::string left = "a is 1003, quit navora\n";
 
 TEST_F(PopupQueueTest, QueuedWindowIsInitialisedAndDrawnBeforeAnyInput) {
     addWindow("a");
     add2PopupList(makeWindow("p"));
-    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(run(), added + left(1003) + freed({0, 0}));
     EXPECT_EQ(takeCalls(),
               drawn("a") + "p.init " + drawn("p") + "p.eventHandling p.quit p.deleted a.quit a.deleted");
     EXPECT_TRUE(gPopupList.empty());
@@ -51,7 +50,7 @@ TEST_F(PopupQueueTest, UnderTheQueuedWindowTheOldOneComesBack) {
     RecordedWindow* const popup = makeWindow("p");
     popup->onInput = answers({1002});
     add2PopupList(popup);
-    EXPECT_EQ(run(), added + std::string("a is 1002, popup current window\n") + left + freed({0}));
+    EXPECT_EQ(run(), added + std::string("a is 1002, popup current window\n") + left(1003) + freed({0}));
     EXPECT_EQ(takeCalls(), drawn("a") + "p.init " + drawn("p") +
                                "p.eventHandling p.onClose p.quit p.deleted " + drawn("a") +
                                "a.eventHandling a.quit a.deleted");
@@ -121,7 +120,7 @@ TEST_F(PopupQueueTest, NullInTheQueueIsPassedOver) {
 TEST_F(PopupQueueTest, LoopTakesTheLastOfSeveralAndDiscardsTheOthers) {
     gPopupList = {makeWindow("x"), nullptr, makeWindow("y"), makeWindow("p")};
     addWindow("a");
-    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(run(), added + left(1003) + freed({0, 0}));
     EXPECT_EQ(takeCalls(), drawn("a") + "p.init x.quit x.deleted y.quit y.deleted " + drawn("p") +
                                "p.eventHandling p.quit p.deleted a.quit a.deleted");
     EXPECT_TRUE(gPopupList.empty());
@@ -130,7 +129,7 @@ TEST_F(PopupQueueTest, LoopTakesTheLastOfSeveralAndDiscardsTheOthers) {
 TEST_F(PopupQueueTest, NullAsTheNewestIsNoWindow) {
     gPopupList = {makeWindow("x"), nullptr};
     addWindow("a");
-    EXPECT_EQ(run(), left + freed({0}));
+    EXPECT_EQ(run(), left(1003) + freed({0}));
     EXPECT_THAT(takeCalls(), testing::AllOf(testing::HasSubstr("x.quit x.deleted"),
                                             testing::Not(testing::HasSubstr("x.init"))));
 }
@@ -140,7 +139,7 @@ TEST_F(PopupQueueTest, InitThatQueuesAnotherIsShownFirstItself) {
     RecordedWindow* const popup = makeWindow("p");
     popup->onInit = [this] { add2PopupList(makeWindow("q")); };
     add2PopupList(popup);
-    EXPECT_EQ(run(), added + std::string(added) + left + freed({0, 0, 0}));
+    EXPECT_EQ(run(), added + std::string(added) + left(1003) + freed({0, 0, 0}));
     EXPECT_EQ(takeCalls(), drawn("a") + "p.init " + drawn("p") + "q.init " + drawn("q") +
                                "q.eventHandling q.quit q.deleted p.quit p.deleted a.quit a.deleted");
 }
@@ -207,7 +206,7 @@ TEST_F(PopupQueueTest, DisplacedWindowOfTheStackLeavesIt) {
     RecordedWindow* const below = addWindow("below");
     addWindow("above");
     gPopupList = {below, makeWindow("p")};
-    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(run(), added + left(1003) + freed({0, 0}));
     EXPECT_EQ(takeCalls(), drawn("above") + "p.init below.quit below.deleted " + drawn("p") +
                                "p.eventHandling p.quit p.deleted above.quit above.deleted");
 }
@@ -248,7 +247,7 @@ TEST_F(PopupQueueTest, WindowQueuedWithTheLastCodeWaitsForTheNextRun) {
     EXPECT_THAT(gPopupList, testing::ElementsAre(popup));
 
     addWindow("b");
-    EXPECT_EQ(run(), added + left + freed({0, 0}));
+    EXPECT_EQ(run(), added + left(1003) + freed({0, 0}));
     EXPECT_EQ(takeCalls(),
               drawn("b") + "p.init " + drawn("p") + "p.eventHandling p.quit p.deleted b.quit b.deleted");
 }

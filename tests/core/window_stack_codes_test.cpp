@@ -13,14 +13,6 @@ protected:
     }
 };
 
-static std::string popped(int code) {
-    return "a is " + std::to_string(code) + ", popup current window\n";
-}
-
-static std::string left(int code) {
-    return "a is " + std::to_string(code) + ", quit navora\n";
-}
-
 TEST_F(LoopCodeTest, Code1002FromTheOnlyWindowClosesNothing) {
     stackOf(1, 1002);
     EXPECT_EQ(run(), left(1003) + freed({0}));

@@ -16,12 +16,6 @@ protected:
     }
 };
 
-static const std::string left = "a is 1003, quit navora\n";
-
-static std::string popped(int code) {
-    return "a is " + std::to_string(code) + ", popup current window\n";
-}
-
 TEST_F(StackChangingTest, WindowPushedByAHandlerIsClosedByItsCode) {
     RecordedWindow* const a = addWindow("a");
     a->onInput = [this, once = true]() mutable {
@@ -31,7 +25,7 @@ TEST_F(StackChangingTest, WindowPushedByAHandlerIsClosedByItsCode) {
         pushDirectly(makeWindow("b"));
         return 1002;
     };
-    EXPECT_EQ(run(), popped(1002) + left + freed({0}));
+    EXPECT_EQ(run(), popped(1002) + left(1003) + freed({0}));
     EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling b.onClose b.quit b.deleted " + drawn("a") +
                                "a.eventHandling a.quit a.deleted");
 }
@@ -42,7 +36,7 @@ TEST_F(StackChangingTest, WindowPushedByAHandlerIsTheActiveOneOfTheNextFrame) {
         pushDirectly(makeWindow("b"));
         return 0;
     };
-    EXPECT_EQ(run(), left + freed({0, 0}));
+    EXPECT_EQ(run(), left(1003) + freed({0, 0}));
     EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling " + drawn("b") +
                                "b.eventHandling b.quit b.deleted a.quit a.deleted");
 }
@@ -53,7 +47,7 @@ TEST_F(StackChangingTest, WindowPushedByAHandlerOfNegativeTypeIsClosedOnLeaving)
         pushDirectly(makeWindow("b", -1));
         return 1003;
     };
-    EXPECT_EQ(run(), left + freed({0}));
+    EXPECT_EQ(run(), left(1003) + freed({0}));
     EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling b.quit b.deleted a.quit a.deleted");
 }
 
@@ -99,7 +93,7 @@ TEST_F(StackChangingTest, QuitCodeIsLoggedEvenWhenTheStackIsEmptyByThen) {
         takeOff(a);
         return 1003;
     };
-    EXPECT_EQ(run(), left + freed({}));
+    EXPECT_EQ(run(), left(1003) + freed({}));
     delete a;
 }
 
@@ -119,7 +113,7 @@ TEST_F(StackChangingTest, WindowPushedByTheQuitOfAClosedOneStays) {
     RecordedWindow* const b = addWindow("b");
     b->onInput = answers({1002});
     b->onQuit = [this] { pushDirectly(makeWindow("c")); };
-    EXPECT_EQ(run(), popped(1002) + left + freed({0, 0}));
+    EXPECT_EQ(run(), popped(1002) + left(1003) + freed({0, 0}));
     EXPECT_EQ(takeCalls(), drawn("b") + "b.eventHandling b.onClose b.quit b.deleted " + drawn("c") +
                                "c.eventHandling c.quit c.deleted a.quit a.deleted");
 }
@@ -130,7 +124,7 @@ TEST_F(StackChangingTest, WindowRemovedByTheDestructorOfAClosedOneIsNotClosedFor
     RecordedWindow* const c = addWindow("c");
     c->onInput = answers({1005});
     c->onDelete = [b] { takeOff(b); };
-    EXPECT_EQ(run(), popped(1005) + left + freed({0}));
+    EXPECT_EQ(run(), popped(1005) + left(1003) + freed({0}));
     EXPECT_EQ(takeCalls(), drawn("c") + "c.eventHandling c.onClose c.quit c.deleted " + drawn("a") +
                                "a.eventHandling a.quit a.deleted");
     (void)a;
@@ -151,7 +145,7 @@ TEST_F(StackChangingTest, WindowOfNegativeTypeThatTakesItselfOffInQuitIsDeletedO
     addWindow("a");
     RecordedWindow* const b = addWindow("b", -1);
     b->onQuit = [b] { takeOff(b); };
-    EXPECT_EQ(run(), left + freed({0}));
+    EXPECT_EQ(run(), left(1003) + freed({0}));
     EXPECT_EQ(takeCalls(), drawn("b") + "b.eventHandling b.quit b.deleted a.quit a.deleted");
 }
 
@@ -159,7 +153,7 @@ TEST_F(StackChangingTest, NullOnTheStackIsPoppedWithoutACall) {
     addWindow("a");
     windows.push_back(nullptr);
     windows.push_back(nullptr);
-    EXPECT_EQ(run(), left + freed({0}));
+    EXPECT_EQ(run(), left(1003) + freed({0}));
     EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling a.quit a.deleted");
 }
 
@@ -177,7 +171,7 @@ TEST_F(StackChangingTest, NullThatAHandlerPushesIsPopped) {
         pushDirectly(nullptr);
         return 0;
     };
-    EXPECT_EQ(run(), left + freed({0}));
+    EXPECT_EQ(run(), left(1003) + freed({0}));
 }
 
 TEST_F(StackChangingTest, NullOnTopIsLeftWithAQuitCode) {
@@ -205,7 +199,7 @@ TEST_F(NestedRunTest, InnerRunEndsFirstAndTheOuterGoesOn) {
         runWindows(inner);
         return 0;
     };
-    EXPECT_EQ(run(), "runWindows\nclear repeat time\n" + left + freed({0}) + left + freed({0}));
+    EXPECT_EQ(run(), "runWindows\nclear repeat time\n" + left(1003) + freed({0}) + left(1003) + freed({0}));
     EXPECT_EQ(takeCalls(), drawn("outer") + "outer.eventHandling " + drawn("inner") +
                                "inner.eventHandling inner.quit inner.deleted " + drawn("outer") +
                                "outer.eventHandling outer.quit outer.deleted");

@@ -32,8 +32,6 @@ private:
     char* mStart;
 };
 
-static constexpr SDL_Color white{255, 255, 255, 255};
-
 class BadUtf8Test : public ScreenTest, public testing::WithParamInterface<std::string> {
 protected:
     void SetUp() override {

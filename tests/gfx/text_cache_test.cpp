@@ -11,8 +11,6 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-static constexpr SDL_Color white{255, 255, 255, 255};
-
 /// The whole key of a rendered text, before it is cut.
 static std::string fullKey(TTF_Font* font, const std::string& text, SDL_Color color, int shadow) {
     char tail[128];

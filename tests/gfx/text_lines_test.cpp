@@ -10,8 +10,6 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-static constexpr SDL_Color white{255, 255, 255, 255};
-
 /// The height of a font of 17 points, which makes the numbers round.
 static constexpr int height = 20;
 

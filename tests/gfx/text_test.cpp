@@ -12,8 +12,6 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-static constexpr SDL_Color white{255, 255, 255, 255};
-
 /// A line as the drawing log shows it.
 static std::string copyAt(int x, int y, SDL_Point size) {
     char line[64];

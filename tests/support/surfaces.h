@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+inline constexpr SDL_Color white{255, 255, 255, 255};
+
 struct FreeSurface {
     void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };

@@ -62,6 +62,14 @@ std::function<int()> WindowTest::answers(std::initializer_list<int> codes) {
     };
 }
 
+std::string popped(int code) {
+    return "a is " + std::to_string(code) + ", popup current window\n";
+}
+
+std::string left(int code) {
+    return "a is " + std::to_string(code) + ", quit navora\n";
+}
+
 std::string freed(std::initializer_list<int> types) {
     std::string log = std::to_string(types.size()) + " window to free\n";
     for (const int type : types)

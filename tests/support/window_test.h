@@ -44,6 +44,10 @@ private:
     WindowLog mCalls;
 };
 
+/// What is logged after a code of window "a" that closes it, and after one that leaves the loop.
+std::string popped(int code);
+std::string left(int code);
+
 /// The log lines of freeing windows without a title, of these types from the top of the stack down.
 std::string freed(std::initializer_list<int> types);
 
