@@ -1,12 +1,15 @@
 /// Loaded before the launcher (LD_PRELOAD), this notes what its last frame is made of, in the file that the
 /// environment variable KESTRO_DRAWN_FRAME names. One line for each thing drawn, in order, with tabs between:
-/// "picture", "text" or "other"; the picture's name, or the text; x, y, width and height in pixels.
+/// "picture", "text" or "other"; the picture's name, or the text; x, y, width and height in pixels. The file
+/// that KESTRO_DRAWN_PICTURE names, if it is set, gets every frame as a picture, one in the place of the
+/// other.
 ///
 /// The library's own calls of its exported functions, and of SDL's, come by here: so the rectangles are those
 /// that the code really uses.
 #include "gfx/image.h"
 
 #include <SDL.h>
+#include <SDL_image.h>
 #include <SDL_ttf.h>
 
 #include <cstdio>
@@ -82,8 +85,21 @@ extern "C" int SDL_RenderCopy(SDL_Renderer* renderer, SDL_Texture* texture, cons
     return real(renderer, texture, src, dst);
 }
 
+static void writePicture(SDL_Renderer* renderer) {
+    const char* const path = getenv("KESTRO_DRAWN_PICTURE");
+    SDL_Rect screen{};
+    SDL_RenderGetViewport(renderer, &screen);
+    SDL_Surface* const pixels = path ? create_surface(screen.w, screen.h) : nullptr;
+    if (!pixels)
+        return;
+    SDL_RenderReadPixels(renderer, nullptr, pixels->format->format, pixels->pixels, pixels->pitch);
+    IMG_SavePNG(pixels, path);
+    SDL_FreeSurface(pixels);
+}
+
 extern "C" void SDL_RenderPresent(SDL_Renderer* renderer) {
     static auto* const real = realFunction(&SDL_RenderPresent, "SDL_RenderPresent");
+    writePicture(renderer);
     real(renderer);
     sNotes.lastFrame.swap(sNotes.frame);
     sNotes.frame.clear();
