@@ -1,8 +1,8 @@
 #pragma once
 
 /// @mainpage
-/// The manual of kestro's public headers, one page a header, and of the host kit's. How a program is made with
-/// them is told in docs/host-developers.md.
+/// The manual of kestro's public headers, one page a header, and of the host kit's. How a program is made
+/// with them is told in docs/host-developers.md.
 /// @file
 /// Includes every public header of the library.
 
