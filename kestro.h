@@ -1,5 +1,11 @@
 #pragma once
 
+/// @mainpage
+/// The manual of kestro's public headers, one page a header, and of the host kit's. How a program is made
+/// with them is told in docs/host-developers.md.
+/// @file
+/// Includes every public header of the library.
+
 #include "core/clock.h"
 #include "core/dialog_window.h"
 #include "core/export.h"

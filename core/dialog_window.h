@@ -47,17 +47,17 @@ public:
     int getFocus() const { return focus; }
 
 protected:
-    std::string title;
-    std::string message;
-    int focus;
-    KestroSurface* panel;           ///< owned, as are both buttons
+    std::string title;              ///< as given, or the word in the language of that moment
+    std::string message;            ///< the same
+    int focus;                      ///< the focused button, as getFocus gives it
+    KestroSurface* panel;           ///< owned; null without that picture
     KestroSurface* reservedSurface; ///< not used; null
     unsigned char reservedFlag;     ///< not used; 0
-    KestroSurface* buttonFocused;
-    KestroSurface* buttonNormal;
-    Action* action; ///< owned
-    void (*onCancel)();
-    bool multiLine;
+    KestroSurface* buttonFocused;   ///< owned; null without that picture
+    KestroSurface* buttonNormal;    ///< owned; null without that picture
+    Action* action;                 ///< owned
+    void (*onCancel)();             ///< null for nothing
+    bool multiLine;                 ///< the message breaks at each "\n"
 
 private:
     KESTRO_HIDDEN SDL_Rect panelRect() const;

@@ -4,6 +4,7 @@
 
 #include <SDL_mixer.h>
 
+/// @file
 /// The symbols that the host application defines and the library calls. A host that links the library
 /// defines all of them with default visibility; only `gKeyChunk` may be left out.
 

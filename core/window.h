@@ -68,6 +68,6 @@ public:
     /// the x where a further hint would begin.
     int drawStatBar(int offset);
 
-    int titleId;
-    int type;
+    int titleId; ///< index of the title in the language strings; negative for none
+    int type;    ///< the host's own kind; negative: closed before all others when the loop is left
 };

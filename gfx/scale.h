@@ -2,6 +2,7 @@
 
 #include "core/export.h"
 
+/// @file
 /// Pixel scalers over buffers of the caller. None allocates, but they take up to 50 KB of the stack for
 /// tables of columns; all may run on any thread; source and destination must not overlap. Null buffers and
 /// sizes of 0 write nothing. The results are the same to the bit on every machine.

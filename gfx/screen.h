@@ -33,7 +33,9 @@ KESTRO_API KestroSurface* GetRenderTarget();
 /// it lies on its side. Owned by the caller. Null on failure.
 KESTRO_API KestroSurface* ScreenSnapshot();
 
-/// Left from direct frame-buffer output, and kept for hosts that still call them: the first asks for a
-/// display that is not there and logs the failure, the second does nothing.
+/// Left from direct frame-buffer output, and kept for hosts that still call it: asks for a display that is
+/// not there and logs the failure.
 KESTRO_API void lcd_fb_flip();
+
+/// Left from direct frame-buffer output too. Does nothing.
 KESTRO_API void lcd_fb_wait_for_vsync();

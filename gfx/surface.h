@@ -12,11 +12,14 @@ public:
     KestroSurface(const KestroSurface&) = delete;
     KestroSurface& operator=(const KestroSurface&) = delete;
 
-    /// These four set and read how the surface is blended. All return SDL's status: 0, or negative on
+    /// Sets how the surface is blended when it is drawn. These four return SDL's status: 0, or negative on
     /// error.
     virtual int setBlendMode(SDL_BlendMode mode) = 0;
+    /// Sets the alpha, 0 to 255, that every pixel's own is multiplied with.
     virtual int setAlpha(unsigned char alpha) = 0;
+    /// Stores how the surface is blended in `*mode`.
     virtual int getBlendMode(SDL_BlendMode* mode) = 0;
+    /// Stores the alpha that setAlpha has set in `*alpha`.
     virtual int getAlpha(unsigned char* alpha) = 0;
 
     /// Draws onto the current render target (see SetRenderTarget).
@@ -27,9 +30,8 @@ public:
     /// Returns SDL's status.
     virtual int render(SDL_Rect* src, SDL_Rect* dst, bool naturalSize, const char* dumpPath) = 0;
 
-    /// Size in pixels.
-    virtual int getWidth() = 0;
-    virtual int getHeight() = 0;
+    virtual int getWidth() = 0;  ///< pixels; 0 for a surface without picture
+    virtual int getHeight() = 0; ///< pixels; 0 for a surface without picture
 
     /// A copy of the pixels in memory, 32-bit ARGB8888, owned by the surface and valid until the next call
     /// or until the surface is deleted; null on failure.

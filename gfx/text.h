@@ -5,6 +5,7 @@
 #include <SDL.h>
 #include <SDL_ttf.h>
 
+/// @file
 /// Text on the current render target. Main thread.
 ///
 /// | align     | horizontal | vertical |

@@ -1,5 +1,6 @@
 #pragma once
 
+/// @file
 /// The host kit: a ready-made host. It has a default for every symbol of core/host.h, each of which gives way
 /// to the program's own definition, and what a host needs to start, run and end.
 

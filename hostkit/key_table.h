@@ -10,8 +10,8 @@ namespace hostkit {
 /// by itself: it opens the object of keyTableName, checks the first three fields, and loads and stores the
 /// values as whole words.
 struct KeyTableLayout {
-    static constexpr uint32_t currentVersion = 1;
-    static constexpr int size = 64;
+    static constexpr uint32_t currentVersion = 1; ///< what `version` holds
+    static constexpr int size = 64;               ///< number of values
 
     char magic[8]{};                     ///< "KESTROKT"
     uint32_t version = 0;                ///< of this layout
@@ -31,9 +31,16 @@ static_assert(std::atomic<int32_t>::is_always_lock_free, "values are shared betw
 /// the values are this process's own.
 class KeyTable {
 public:
-    static constexpr int size = KeyTableLayout::size;
+    static constexpr int size = KeyTableLayout::size; ///< number of values; indexes are below it
 
-    enum class State { closed, attached, created, replaced, notShared };
+    /// What became of the last open.
+    enum class State {
+        closed,   ///< not open
+        attached, ///< the table was there
+        created,  ///< there was none
+        replaced, ///< something that is no table was there, and has gone
+        notShared ///< shared memory cannot be had: the values are this process's own
+    };
 
     constexpr KeyTable() = default;
     ~KeyTable() { close(); }
@@ -41,12 +48,12 @@ public:
     KeyTable& operator=(const KeyTable&) = delete;
 
     /// Opens the object `name`, "/" and up to 62 characters without another "/", or creates it for this user
-    /// alone. `replaced` says that something else was in its place; `notShared`, that error() tells why.
+    /// alone. Where the answer is `notShared`, error() tells why.
     State open(const std::string& name);
     State open(); ///< the table of this user and device: keyTableName()
-    void close();
+    void close(); ///< Lets go of the object, which stays. Harmless if it is closed.
 
-    State state() const { return mState; }
+    State state() const { return mState; } ///< What the last open or access came to.
 
     /// The errno of an open that could not share; 0 otherwise.
     int error() const { return mError; }

@@ -15,7 +15,7 @@ public:
     /// `list` is not null.
     MenuWindow(std::string title, std::unique_ptr<ListMenu> list);
 
-    ListMenu& list() const { return *mList; }
+    ListMenu& list() const { return *mList; } ///< the window owns it
 
     /// A result of the list that means back, 1 or 2, becomes 1005; others are returned as they are.
     int eventHandling() override;

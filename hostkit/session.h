@@ -28,11 +28,13 @@ struct SessionOptions {
 ///     runWindows(windows);
 class Session {
 public:
+    /// Opens everything; isOpen tells whether that worked.
     explicit Session(const SessionOptions& options = {});
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
+    /// Whether there is a screen to draw on and a font to write with. Without pads or sound it is open too.
     bool isOpen() const { return mProblem.empty(); }
 
     /// Why it is not open, in a few words; empty if it is.

@@ -19,9 +19,8 @@ public:
     /// Runs the secondary action (third face button). By default there is none, and the result is 0.
     virtual int xdowork(void* row);
 
-    /// Queries of the host's own; the library does not call them. -1 and 0 by default.
-    virtual int queryKind();
-    virtual int queryState();
+    virtual int queryKind();  ///< for the host; the library does not call it. -1 by default
+    virtual int queryState(); ///< for the host; the library does not call it. 0 by default
 
     /// Rows whose action has the higher group come first in a folder. Set by whoever makes the action.
     uint32_t sortGroup = 0;

@@ -54,17 +54,14 @@ public:
     /// Takes over a new theme. Does nothing by default.
     virtual void refresh();
 
-    /// Removes rows. They do nothing by default.
-    virtual void removeItem(int index);
-    virtual void clearItemList();
+    virtual void removeItem(int index); ///< Removes the row `index`. Does nothing by default.
+    virtual void clearItemList();       ///< Removes all rows. Does nothing by default.
 
-    /// For hosts that derive from lists of their own; the library does not call them.
-    virtual void reserved15();
-    virtual void reserved16();
+    virtual void reserved15(); ///< for hosts' own lists; does nothing, and the library does not call it
+    virtual void reserved16(); ///< the same
 
-    /// Six rows up or down, not beyond the ends. Return 0.
-    virtual int pageUp();
-    virtual int pageDown();
+    virtual int pageUp();   ///< Six rows up, not beyond the first. Returns 0.
+    virtual int pageDown(); ///< Six rows down, not beyond the last. Returns 0.
 
     /// Kept for hosts that call it; does nothing.
     void checkRepeatKey();
@@ -81,45 +78,44 @@ public:
     /// for an up that the first row has stopped.
     int handleEvent(int code);
 
-    /// The list's area, and whether it shows its selection.
-    void setRect(SDL_Rect& rect);
-    SDL_Rect getRect() const { return mRect; }
-    void setFocus(bool focus);
-    bool getFocus() const { return mFocus; }
+    void setRect(SDL_Rect& rect);              ///< the list's area, in pixels of the screen
+    SDL_Rect getRect() const { return mRect; } ///< the list's area
+    void setFocus(bool focus);                 ///< whether the list shows which row is current
+    bool getFocus() const { return mFocus; }   ///< what setFocus has set
 
     /// Whether up wraps from the first row to the last. True at first.
     void setWrap(bool wrap) { mWrap = wrap; }
-    bool getWrap() const { return mWrap; }
+    bool getWrap() const { return mWrap; } ///< what setWrap has set
 
     /// The current row. Not checked: a cursor beyond the rows selects nothing.
     void setCursor(int cursor) { mCursor = cursor; }
-    int getCursor() const { return mCursor; }
+    int getCursor() const { return mCursor; } ///< the current row, from 0
 
-    /// The rows on screen; both 0 stands for not laid out yet.
+    /// The first row on screen; it and the last one both 0 stand for not laid out yet.
     void setFirstVisible(int first) { mFirstVisible = first; }
-    int getFirstVisible() const { return mFirstVisible; }
-    void setLastVisible(int last) { mLastVisible = last; }
-    int getLastVisible() const { return mLastVisible; }
+    int getFirstVisible() const { return mFirstVisible; }  ///< the first row on screen
+    void setLastVisible(int last) { mLastVisible = last; } ///< the last row on screen, itself included
+    int getLastVisible() const { return mLastVisible; }    ///< the last row on screen
 
     /// The search whose matches are highlighted; empty, or null, for none.
     void setKeyword(const char* keyword) { mKeyword = keyword ? keyword : ""; }
-    const std::string& getKeyword() const { return mKeyword; }
+    const std::string& getKeyword() const { return mKeyword; } ///< empty for none
 
     /// A flag for the host; true at first.
     void setFirstFlag(bool flag) { mFirstFlag = flag; }
-    bool getFirstFlag() const { return mFirstFlag; }
+    bool getFirstFlag() const { return mFirstFlag; } ///< what setFirstFlag has set
 
 protected:
-    bool mFirstFlag;
-    bool mWrap;
-    int32_t mCursor;
-    int32_t mFirstVisible;
-    int32_t mLastVisible;
-    std::string mKeyword;
-    SDL_Rect mRect;
-    uint64_t mLastKeyTime; // systemms of the last direction key that counted
-    std::vector<int> mPressedKeys;
-    bool mFocus;
+    bool mFirstFlag;               ///< see setFirstFlag
+    bool mWrap;                    ///< see setWrap
+    int32_t mCursor;               ///< see setCursor
+    int32_t mFirstVisible;         ///< see setFirstVisible
+    int32_t mLastVisible;          ///< see setLastVisible
+    std::string mKeyword;          ///< see setKeyword
+    SDL_Rect mRect;                ///< see setRect
+    uint64_t mLastKeyTime;         ///< systemms of the last direction key that counted
+    std::vector<int> mPressedKeys; ///< the direction keys that addToPressedKeys counts
+    bool mFocus;                   ///< see setFocus
 
 private:
     KESTRO_HIDDEN int selectIfConfirmed(int code);

@@ -72,29 +72,31 @@ public:
     void setLabel(const char* label);
     /// Index of a word (see getLangStr) that stands in for an empty label. -1 at first, which is no word.
     void setLabelId(int id) { mLabelId = id; }
-    int getLabelId() const { return mLabelId; }
+    int getLabelId() const { return mLabelId; } ///< what setLabelId has set
 
     /// The second line, made like the label. It is shown only after setSubLabelPresent(true).
     void setSubLabel(const char* text);
+    /// Index of a word that stands in for an empty second line. -1 at first, which is no word.
     void setSubLabelId(int id) { mSubLabelId = id; }
+    /// Whether the row has a second line. False at first.
     void setSubLabelPresent(bool present) { mSubLabelPresent = present; }
 
-    /// The texts behind getExtraText, getImagePath and getSecondImagePath. Null counts as empty.
-    void setExtraText(const char* text);
-    void setImagePath(const char* path);
-    void setSecondImagePath(const char* path);
+    void setExtraText(const char* text);       ///< what getExtraText gives; null counts as empty
+    void setImagePath(const char* path);       ///< what getImagePath gives; null counts as empty
+    void setSecondImagePath(const char* path); ///< what getSecondImagePath gives; null counts as empty
 
-    /// Two flags for the host; false at first.
-    void setFirstFlag(bool flag) { mFirstFlag = flag; }
-    void setSecondFlag(bool flag) { mSecondFlag = flag; }
-    bool getSecondFlag() const { return mSecondFlag; }
+    void setFirstFlag(bool flag) { mFirstFlag = flag; }   ///< for the host; false at first
+    void setSecondFlag(bool flag) { mSecondFlag = flag; } ///< for the host; false at first
+    bool getSecondFlag() const { return mSecondFlag; }    ///< what setSecondFlag has set
 
-    /// What getLabel and getSubLabel give, without a copy: valid until the row or the language changes.
+    /// What getLabel gives, without a copy: valid until the row or the language changes.
     const char* shownLabel() const;
+    /// What getSubLabel gives, without a copy: valid until the row or the language changes.
     const char* shownSubLabel() const;
 
-    /// What getImagePath and getSecondImagePath give, without a copy.
+    /// What getImagePath gives, without a copy: valid until the row changes.
     const char* imagePath() const { return mFourthText.c_str(); }
+    /// What getSecondImagePath gives, without a copy: valid until the row changes.
     const char* secondImagePath() const { return mFifthText.c_str(); }
 
     /// The label as it was given, without the word that may stand in for it.

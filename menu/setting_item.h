@@ -30,15 +30,16 @@ public:
     Action* getAction() const { return mAction; }
 
 protected:
-    Action* mAction;
+    Action* mAction; ///< owned; null for none
 };
 
 /// A plain row: a label and a short value, that runs its action.
 class KESTRO_API SettingItem : public ItemDrawable {
 public:
-    /// The label is given as text, or as the index of a word; null texts count as "".
+    /// The label is given as text; null texts count as "".
     SettingItem(KestroSurface* selectedBackground, KestroSurface* background, const char* label,
                 const char* valueText, Action* action);
+    /// The label is the word `languageIndex`, in the language that is in force when it is drawn.
     SettingItem(KestroSurface* selectedBackground, KestroSurface* background, int languageIndex,
                 const char* valueText, Action* action);
 

@@ -11,8 +11,8 @@ public:
     SwitchHandler(const SwitchHandler&) = delete;
     SwitchHandler& operator=(const SwitchHandler&) = delete;
 
-    virtual bool getValue() = 0;
-    virtual void setValue(bool on) = 0;
+    virtual bool getValue() = 0;        ///< Whether it is on. Asked at every draw.
+    virtual void setValue(bool on) = 0; ///< Called when the user switches over.
 };
 
 /// A row that is on or off. It has no action.

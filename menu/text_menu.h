@@ -12,6 +12,7 @@
 /// is passed through static_cast<TextMenuItemProvider*>.
 class KESTRO_API TextMenu : public TextMenuDrawer {
 public:
+    /// An empty list; the arguments are TextMenuDrawer's.
     TextMenu(const char* selectedBackground, const char* normalBackground, int rowsPerPage, int rowGap);
     ~TextMenu() override;
 
@@ -20,7 +21,7 @@ public:
 
     /// Removes and deletes the row `index`; ignores an index that is none.
     void removeItem(int index) override;
-    void clearItemList() override;
+    void clearItemList() override; ///< Removes and deletes all rows.
 
     /// Deletes all rows.
     virtual void freeListItem();

@@ -73,61 +73,61 @@ public:
 
     /// An icon before every label; null, as at first, shows each row's own. Stays its owner's.
     void setRowIcon(KestroSurface* icon) { mRowIcon = icon; }
-    KestroSurface* getRowIcon() const { return mRowIcon; }
+    KestroSurface* getRowIcon() const { return mRowIcon; } ///< what setRowIcon has set
 
-    /// Pixels.
-    int getItemHeight() const { return mItemHeight; }
-    int getRowGap() const { return mYSpaceInList; }
-    int getRowsPerPage() const { return mRowsPerPage; }
+    int getItemHeight() const { return mItemHeight; }   ///< the height of a row, in pixels
+    int getRowGap() const { return mYSpaceInList; }     ///< the pixels between two rows
+    int getRowsPerPage() const { return mRowsPerPage; } ///< how many rows fit on a page
 
-    /// Whether rows show their number (true at first), and the position stands in the status bar (true).
-    void setShowNumber(bool show) { mShowNumber = show; }
-    bool getShowNumber() const { return mShowNumber; }
+    void setShowNumber(bool show) { mShowNumber = show; } ///< whether rows show their number; true at first
+    bool getShowNumber() const { return mShowNumber; }    ///< what setShowNumber has set
+    /// Whether the position, such as "3/12", stands in the status bar. True at first.
     void setShowListNumber(bool show) { mShowListNumber = show; }
-    bool getShowListNumber() const { return mShowListNumber; }
+    bool getShowListNumber() const { return mShowListNumber; } ///< what setShowListNumber has set
 
-    /// The colour of labels; gListColorTxt as it was when the list was made. The second is the host's.
+    /// The colour of labels; gListColorTxt as it was when the list was made.
     void setTextColor(SDL_Color color) { mTextColor = color; }
-    SDL_Color getTextColor() const { return mTextColor; }
+    SDL_Color getTextColor() const { return mTextColor; } ///< the colour of labels
+    /// A second colour, for the host; gListColorTxt at first. The library does not draw with it.
     void setSecondTextColor(SDL_Color color) { mSecondTextColor = color; }
-    SDL_Color getSecondTextColor() const { return mSecondTextColor; }
+    SDL_Color getSecondTextColor() const { return mSecondTextColor; } ///< what setSecondTextColor has set
 
     /// Whether the current row of a focused list has a shadow. False at first.
     void setShadow(bool shadow) { mShadow = shadow; }
-    bool getShadow() const { return mShadow; }
+    bool getShadow() const { return mShadow; } ///< what setShadow has set
 
     /// Pixels between the left edge of the list and the rows' backgrounds. 10 at first.
     void setLeftMargin(int margin) { mLeftMargin = margin; }
-    int getLeftMargin() const { return mLeftMargin; }
+    int getLeftMargin() const { return mLeftMargin; } ///< pixels
 
     /// Alignment of the labels, as for DrawString. 0 at first, which here centres them vertically.
     void setLabelAlign(int align) { mLabelAlign = align; }
-    int getLabelAlign() const { return mLabelAlign; }
+    int getLabelAlign() const { return mLabelAlign; } ///< what setLabelAlign has set
 
 protected:
     /// Scrolls by the least amount that shows the cursor on a page of `rowsPerPage` of `count` rows.
     KESTRO_HIDDEN void layOutPage(int count, int rowsPerPage);
 
-    std::string mPiece; // what drawListText draws just now
-    KestroSurface* mSelectedBackground;
-    KestroSurface* mNormalBackground;
-    KestroSurface* mRowIcon;
-    KestroSurface* mReservedSurface;
-    int32_t mItemHeight;
-    int32_t mYSpaceInList;
-    bool mShowNumber;
-    bool mReservedFlag;
-    bool mShowListNumber;
-    SDL_Color mTextColor;
-    SDL_Color mSecondTextColor;
-    bool mShadow;
-    int32_t mRowsPerPage;
-    std::string mThemePath;    // of the backgrounds
-    LRUCache mRowImages;       // icons
-    LRUCache mSecondRowImages; // thumbnails
-    int32_t mLeftMargin;
-    int32_t mLabelAlign;
-    ImageLoader mImageLoader;
+    std::string mPiece;                 ///< what drawListText draws just now
+    KestroSurface* mSelectedBackground; ///< owned; null for none
+    KestroSurface* mNormalBackground;   ///< owned; null for none
+    KestroSurface* mRowIcon;            ///< see setRowIcon; its owner's
+    KestroSurface* mReservedSurface;    ///< not used; null
+    int32_t mItemHeight;                ///< see getItemHeight
+    int32_t mYSpaceInList;              ///< see getRowGap
+    bool mShowNumber;                   ///< see setShowNumber
+    bool mReservedFlag;                 ///< not used; false
+    bool mShowListNumber;               ///< see setShowListNumber
+    SDL_Color mTextColor;               ///< see setTextColor
+    SDL_Color mSecondTextColor;         ///< see setSecondTextColor
+    bool mShadow;                       ///< see setShadow
+    int32_t mRowsPerPage;               ///< see getRowsPerPage
+    std::string mThemePath;             ///< the theme that the backgrounds are from
+    LRUCache mRowImages;                ///< the rows' icons
+    LRUCache mSecondRowImages;          ///< the rows' thumbnails
+    int32_t mLeftMargin;                ///< see setLeftMargin
+    int32_t mLabelAlign;                ///< see setLabelAlign
+    ImageLoader mImageLoader;           ///< see setImageLoader; never empty
 
 private:
     struct RowPlace;

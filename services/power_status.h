@@ -2,8 +2,9 @@
 
 #include "core/export.h"
 
-// Battery and external power. Every call reads the driver's file afresh, so that the display follows the
-// charger at once. Any thread.
+/// @file
+/// Battery and external power. Every call reads the driver's file afresh, so that the display follows the
+/// charger at once. Any thread.
 
 /// The battery's capacity in percent: the number that the driver reports, not clamped; 0 when there is no
 /// report or it is not a number.

@@ -2,6 +2,7 @@
 
 #include "core/export.h"
 
+/// @file
 /// The icons at the right of the bar at the top of a page. Each draws itself into a cell of 33 x 32 pixels,
 /// `used` pixels left of where the first one stands, and `offset` pixels lower than on a page that begins
 /// at the top of the screen. They return how many pixels they take from the right, 0 when they draw nothing.

@@ -11,8 +11,8 @@ KESTRO_API const char* getTimeZone();
 
 /// Whether the clock is set from the network: 1 at load. Any value is kept as it is. Main thread.
 KESTRO_API void setSyncTimeFromNetworkFlag(int flag);
-KESTRO_API int getSyncTimeFromNetworkFlag();
+KESTRO_API int getSyncTimeFromNetworkFlag(); ///< the value set or loaded last
 
 /// Whether the clock shows 24 hours: 1 at load. Any value is kept as it is. Main thread.
 KESTRO_API void set24HourClockFlag(int flag);
-KESTRO_API int get24HourClockFlag();
+KESTRO_API int get24HourClockFlag(); ///< the value set or loaded last

@@ -11,8 +11,8 @@ KESTRO_API void loadSystemFunction();
 /// handle) holds 1 at index 16, else 0.
 KESTRO_API int getBluetoothFlag(void* shm);
 
-/// The flags as the file gives them: Bluetooth (0 at load), suspending (1), battery temperature (0). The
-/// spelling of the first name is part of the interface.
+/// Whether the device has Bluetooth: the number that the file gives, 0 at load. The spelling of the name is
+/// part of the interface.
 KESTRO_API int isBluetoothEanbled();
-KESTRO_API int isSuspendEnabled();
-KESTRO_API int isBatteryTempEnabled();
+KESTRO_API int isSuspendEnabled();     ///< whether it can suspend: the file's number, 1 at load
+KESTRO_API int isBatteryTempEnabled(); ///< whether it tells the battery's temperature; 0 at load

@@ -30,9 +30,9 @@ KESTRO_API const char* getDefLang(int index);
 
 /// One language as a setting page shows it.
 struct LangInfo {
-    std::string fileName;
-    std::string displayName;
-    std::string iconPath;
+    std::string fileName;    ///< such as "es.lang"
+    std::string displayName; ///< the language's own name
+    std::string iconPath;    ///< "skin/…", or empty
 };
 
 /// Reads the languages from the folder "./lang" into gLangTable, English first; the others come in the

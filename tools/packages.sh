@@ -8,7 +8,8 @@ packages_to_run=(
 )
 # Besides those above.
 packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 xvfb xauth xdotool)
-packages_for_contact_sheet=(imagemagick) # only that tool
+packages_for_contact_sheet=(imagemagick) # also tools/theme-pages and tools/check-docs
+packages_for_reference=(doxygen) # only tools/reference
 packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev) # only tools/bench
 packages_to_fuzz=(clang-14 libclang-rt-14-dev) # only tools/fuzz
 packages_to_check=(clang-format shellcheck valgrind python3 strace)

@@ -127,10 +127,10 @@ runs_until_closed() {
   grep -qx 'a is 1003, quit navora' "$work/log" || fail "$1 did not leave the loop"
 }
 
-readme_shows_this_host() {
+page_shows_this_host() {
   # shellcheck disable=SC2016
-  sed -n '/^```cpp$/,/^```$/p' "$here/../../README.md" | sed '1d;$d' | diff - "$hello/hello.cpp" ||
-    fail "README.md ('<') does not show docs/hello/hello.cpp ('>')"
+  sed -n '/^```cpp$/,/^```$/{p;/^```$/q}' "$here/../../docs/host-developers.md" | sed '1d;$d' |
+    diff - "$hello/hello.cpp" || fail "docs/host-developers.md ('<') does not show docs/hello/hello.cpp ('>')"
   (($(wc -l <"$hello/hello.cpp") <= 25)) || fail "docs/hello/hello.cpp has more than 25 lines"
 }
 
@@ -139,7 +139,7 @@ mkdir "$work/device"
 export KESTRO_DEVICE_ROOT=$work/device
 keys=$work/moved/bin/kestro-keys
 ln -s "$font" "$work/regular.ttf"
-readme_shows_this_host
+page_shows_this_host
 only_public_headers_are_installed
 the_launcher_runs
 built_by_pkg_config

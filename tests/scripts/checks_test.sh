@@ -9,6 +9,7 @@ set -euo pipefail
 tidy_house() {
   real sort diff tsort nproc xargs grep find pkg-config g++ as ld nm
   cp -r "$repository/tools" .
+  rm -r tools/layout # built on the real library
   mkdir core gfx cmake
   echo '#define KESTRO_API __attribute__((visibility("default")))' >core/export.h
   write core/window.h '#include "core/export.h"' 'KESTRO_API int window();'
