@@ -22,9 +22,22 @@ set(architecture_of_x86_64-linux-gnu amd64)
 set(architecture_of_aarch64-linux-gnu arm64)
 set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE ${architecture_of_${KESTRO_MULTIARCH}})
 
+# What the packages need besides each other: dpkg knows it from the libraries of this machine, so not when building
+# for another. Then it is what it was here, and tools/package compares the two.
+if(CMAKE_CROSSCOMPILING)
+  file(READ cmake/debian/depends-library depends_library)
+  file(READ cmake/debian/depends-launcher depends_launcher)
+  string(STRIP "${depends_library}" depends_library)
+  string(STRIP ", ${depends_launcher}" depends_launcher)
+else()
+  set(CPACK_DEBIAN_LIBRARY_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_LAUNCHER_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+endif()
+
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME ${soname_package})
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "${depends_library}")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "user-interface library for a handheld game console
 kestro is a C++ library for the launcher of a handheld game console: a stack
@@ -46,8 +59,8 @@ program on the library, and what pkg-config and CMake need to find them.")
 
 set(CPACK_DEBIAN_LAUNCHER_PACKAGE_NAME navora)
 set(CPACK_DEBIAN_LAUNCHER_PACKAGE_SECTION misc)
-set(CPACK_DEBIAN_LAUNCHER_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_LAUNCHER_PACKAGE_DEPENDS "${soname_package} (= ${debian_version}), fonts-wqy-microhei")
+set(CPACK_DEBIAN_LAUNCHER_PACKAGE_DEPENDS
+  "${soname_package} (= ${debian_version}), fonts-wqy-microhei${depends_launcher}")
 set(CPACK_DEBIAN_LAUNCHER_DESCRIPTION "launcher for a handheld game console
 navora shows folders of games with their pictures, finds and starts them, and
 keeps favourites and what was played of late. It is made for a pad and a
@@ -60,7 +73,9 @@ the launcher shares with other programs.")
 # What only a package needs is put there before it is packed.
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_BINARY_DIR}/cmake/debian-files.cmake)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+set(CPACK_READELF_EXECUTABLE ${CMAKE_READELF})
+set(CPACK_OBJCOPY_EXECUTABLE ${CMAKE_OBJCOPY})
+set(CPACK_OBJDUMP_EXECUTABLE ${CMAKE_OBJDUMP})
 set(debian_font ../fonts/truetype/wqy/wqy-microhei.ttc)
 configure_file(cmake/debian-files.cmake.in cmake/debian-files.cmake @ONLY)
 include(CPack)
