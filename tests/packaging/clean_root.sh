@@ -90,3 +90,4 @@ programs_are_there
 the_launcher_draws_the_same
 as_user bash /check/source/tests/packaging/clean_root_hosts.sh
 remove_packages
+echo "The packages install, are enough for hosts of three kinds and for the launcher, and go without a trace."
