@@ -4,6 +4,8 @@ target_compile_features(kestro-options INTERFACE cxx_std_17)
 target_compile_options(kestro-options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion
   -ffp-contract=off) # the scalers' results are exact: what is fused stands in the code
+target_compile_options(kestro-options INTERFACE
+  $<$<CONFIG:Release>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>) # what ships tells nothing of where it was built
 if(KESTRO_WARNINGS_AS_ERRORS)
   target_compile_options(kestro-options INTERFACE -Werror)
 endif()

@@ -7,12 +7,15 @@ packages_to_run=(
   fonts-wqy-microhei
 )
 # Besides those above.
-packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 xvfb xauth xdotool)
+packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 xvfb xauth xdotool
+  python3-pyelftools)
 packages_for_contact_sheet=(imagemagick) # also tools/theme-pages and tools/check-docs
 packages_for_reference=(doxygen) # only tools/reference
 packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev) # only tools/bench
 packages_to_fuzz=(clang-14 libclang-rt-14-dev) # only tools/fuzz
-packages_to_check=(clang-format shellcheck valgrind python3 strace)
+packages_to_package=(dpkg-dev file lintian) # only tools/package
+packages_to_check_packages=(mmdebstrap) # only tools/check-packages
+packages_to_check=(clang-format shellcheck valgrind python3 strace abigail-tools)
 
 on_debian() {
   command -v dpkg-query >/dev/null && command -v apt-get >/dev/null
@@ -37,6 +40,9 @@ present_elsewhere() {
     libpixman-1-dev) pkg-config --exists pixman-1 ;;
     libyuv-dev) [[ -e /usr/include/libyuv.h || -e /usr/local/include/libyuv.h ]] ;;
     libx11-dev) pkg-config --exists x11 ;;
+    python3-pyelftools) /usr/bin/python3 -c 'import elftools' ;;
+    dpkg-dev) command -v dpkg-shlibdeps >/dev/null ;;
+    abigail-tools) command -v abidiff >/dev/null ;;
     fonts-wqy-microhei) [[ -n $(find -L /usr/share/fonts -name wqy-microhei.ttc -print -quit 2>/dev/null) ]] ;;
     libgl1-mesa-dri | libegl1) true ;; # comes with any desktop
     *) command -v "$1" >/dev/null ;;

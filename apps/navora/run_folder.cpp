@@ -30,12 +30,13 @@ static std::string absolutePath(const std::string& path) {
 }
 
 /// Where the launcher is installed, its files lie in "share" beside its "bin"; else where the build has put
-/// them.
+/// them. Both are found from the program, which names no folder of the machine that it was built on.
 static std::string ownFolder() {
     std::error_code failure;
-    const fs::path program = fs::read_symlink("/proc/self/exe", failure);
-    const fs::path installed = program.parent_path().parent_path() / "share/navora";
-    return fs::is_directory(installed, failure) ? installed.string() : NAVORA_RUN_FOLDER;
+    const fs::path program = fs::read_symlink("/proc/self/exe", failure).parent_path();
+    const fs::path installed = program / "../share/navora";
+    const fs::path built = program / NAVORA_RUN_FOLDER;
+    return (fs::is_directory(installed, failure) ? installed : built).lexically_normal().string();
 }
 
 bool enterRunFolder(Options& options) {

@@ -2,8 +2,6 @@
 
 #include "core/host.h"
 
-int gDimTime = 0;
-
 static int sTable[64];
 
 void* gShmInfo = sTable;
@@ -15,8 +13,6 @@ int GetKeyShm(void*, int index) {
 
 void SetKeyShm(void*, int index, int value) {
     sTable[index] = value;
-    if (index == 13)
-        gDimTime = value;
 }
 
 void initJoyStick() {}
@@ -28,3 +24,5 @@ bool file_filter(const char*, const char*) {
 TextMenuItem* file_handler(const char*, const char*, int) {
     return nullptr;
 }
+
+void clearTableAway() {}

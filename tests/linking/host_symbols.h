@@ -1,4 +1,4 @@
 #pragma once
 
-/// The last value that the library stored for "dimtime" in the host's table.
-extern int gDimTime;
+/// Takes away what the host's table has left behind, if anything.
+void clearTableAway();

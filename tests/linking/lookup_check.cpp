@@ -55,17 +55,22 @@ static void checkCjsonsOperations(cJSON* tree, const Answers& wanted) {
     expect("cJSON's delete", plainLeft ? "ours" : "theirs", wanted.toCjson);
 }
 
+/// The last value that the library stored for "dimtime" in the host's table.
+static int dimTime() {
+    return GetKeyShm(gShmInfo, 13);
+}
+
 /// The library's own reading and changing of the settings, in a device root of this program's own.
 static void checkLibrary(const Functions& functions, const std::string& root) {
     setenv("KESTRO_DEVICE_ROOT", root.c_str(), 1);
     fs::create_directories(root + "/mnt/UDISK");
     std::ofstream(root + "/mnt/UDISK/system.json") << R"({"dimtime.en.lang": 2, "dimtime": 1})";
     functions.loadSystemState(gShmInfo, nullptr);
-    expect("lookup by loadSystemState", gDimTime == 2 ? "ours" : "theirs", "ours");
+    expect("lookup by loadSystemState", dimTime() == 2 ? "ours" : "theirs", "ours");
     functions.saveOneItem("dimtime", 3);
     functions.loadSystemState(gShmInfo, nullptr);
     // The variant is gone; what stays first is the old plain item.
-    expect("lookup by saveOneItemInSystemState", gDimTime == 1 ? "ours" : "theirs", "ours");
+    expect("lookup by saveOneItemInSystemState", dimTime() == 1 ? "ours" : "theirs", "ours");
 }
 
 int checkLookup(const Functions& functions, const Answers& wanted) {
@@ -81,6 +86,7 @@ int checkLookup(const Functions& functions, const Answers& wanted) {
     if (!mkdtemp(root))
         return 2;
     checkLibrary(functions, root);
+    clearTableAway();
     fs::remove_all(root);
     return sFailures ? 1 : 0;
 }

@@ -15,10 +15,8 @@ clear_away() {
 }
 trap clear_away EXIT
 
-fail() {
-  echo "$*" >&2
-  exit 1
-}
+# shellcheck source=tests/packaging/hosts.sh
+. "$here/hosts.sh"
 
 # Installed in one place and then moved: nothing may lead back.
 cmake --install "$build" --prefix "$work/first" >/dev/null
@@ -45,6 +43,25 @@ the_launcher_runs() {
   cmp -s "$work/moved/share/navora/regular.ttf" "$font" || fail "The installed launcher has not its font"
 }
 
+every_option_has_its_place_in_the_manual() {
+  local program option page
+  for program in navora kestro-keys; do
+    page=$work/moved/share/man/man1/$program.1
+    grep -q "^.TH .* \"$program $version\"" "$page" || fail "The manual page of $program is not of $version"
+    while read -r option; do
+      sed 's/\\-/-/g' "$page" | grep -qe "^\.BI\? $option" || fail "The manual page of $program lacks $option"
+    done < <("$work/moved/bin/$program" --help | grep -oE '^  --[a-z-]+')
+  done
+}
+
+# A menu of programs finds the launcher, and its icon.
+the_launcher_is_in_the_menu() {
+  local entry=$work/moved/share/applications/navora.desktop icons=$work/moved/share/icons/hicolor
+  [[ -x $work/moved/bin/$(sed -n 's/^Exec=//p' "$entry") ]] || fail "navora.desktop starts nothing that is installed"
+  [[ $(od -An -tx1 -j16 -N8 "$icons/256x256/apps/$(sed -n 's/^Icon=//p' "$entry").png") == " 00 00 01 00 00 00 01 00" &&
+    -f $icons/scalable/apps/navora.svg ]] || fail "navora.desktop has no icon"
+}
+
 # Unused libraries stay linked, so that the order in which they are searched shows below.
 compile() {
   local flags module=$1 program=$2
@@ -63,6 +80,22 @@ built_by_cmake() {
     -DCMAKE_EXE_LINKER_FLAGS=-Wl,--no-as-needed >/dev/null
   cmake --build "$work/cmake" >/dev/null
   mv "$work/cmake/hello" "$work/by-cmake"
+}
+
+# "$1" is the version asked for and "$2" what else; prints why CMake does not find it, if it does not.
+cmake_finds() {
+  rm -rf "$work/finds"
+  mkdir "$work/finds"
+  printf '%s\n' 'cmake_minimum_required(VERSION 3.18)' 'project(finds LANGUAGES CXX)' \
+    "find_package(Kestro $1 REQUIRED $2)" >"$work/finds/CMakeLists.txt"
+  cmake -S "$work/finds" -B "$work/finds/build" -G Ninja -DCMAKE_PREFIX_PATH="$work/moved" >"$work/log" 2>&1
+}
+
+cmake_tells_versions_and_components() {
+  cmake_finds "$version" "COMPONENTS kestro hostkit" || fail "$(<"$work/log")"
+  cmake_finds 0.9 "" || fail "$(<"$work/log")"
+  ! cmake_finds 99.0 "" || fail "CMake finds a version that is not there"
+  ! cmake_finds 0.9 "COMPONENTS nonsense" || fail "CMake finds a component that there is not"
 }
 
 # Whatever a program defines by itself takes the place of the kit's, and nothing else does. Also by a linker
@@ -101,32 +134,6 @@ keys_are_shown() {
   [[ $("$keys" get 19) == 1 ]] || fail "kestro-keys does not get what it has set"
 }
 
-# kestro has a cJSON_GetObjectItem of its own that must be found before cJSON's.
-kestro_comes_before_cjson() {
-  local needed
-  needed=$(readelf -d "$1" | sed -nE 's/.*\(NEEDED\).*\[(libkestro|libcjson)\..*\]/\1/p')
-  [[ $needed == $'libkestro\nlibcjson' ]] || fail "$1 is linked in the order:" "$needed"
-}
-
-is_linked_by_soname() {
-  readelf -d "$1" | grep -qF 'Shared library: [libkestro.so.0]' || fail "$1 does not ask for libkestro.so.0"
-}
-
-# A signal to end is a close request, on which the host leaves the loop.
-runs_until_closed() {
-  local host status=0
-  : >"$work/log"
-  (cd "$work" && exec timeout 20 stdbuf -oL "$1" >"$work/log") &
-  host=$!
-  until grep -qx 'init check_repeat_thread' "$work/log" || ! kill -0 "$host"; do
-    sleep 0.02
-  done
-  kill -TERM "$host"
-  wait "$host" || status=$?
-  ((status == 0)) || fail "$1 ended with $status"
-  grep -qx 'a is 1003, quit navora' "$work/log" || fail "$1 did not leave the loop"
-}
-
 page_shows_this_host() {
   # shellcheck disable=SC2016
   sed -n '/^```cpp$/,/^```$/{p;/^```$/q}' "$here/../../docs/host-developers.md" | sed '1d;$d' |
@@ -140,8 +147,12 @@ export KESTRO_DEVICE_ROOT=$work/device
 keys=$work/moved/bin/kestro-keys
 ln -s "$font" "$work/regular.ttf"
 page_shows_this_host
+version=$(pkg-config --modversion kestro)
 only_public_headers_are_installed
 the_launcher_runs
+every_option_has_its_place_in_the_manual
+the_launcher_is_in_the_menu
+cmake_tells_versions_and_components
 built_by_pkg_config
 built_by_cmake
 for program in without-kit by-pkg-config by-cmake; do
