@@ -16,6 +16,7 @@ add_library(kestro-objects OBJECT
   gfx/fill.cpp
   gfx/image.cpp
   gfx/opacity.cpp
+  gfx/picture_bomb.cpp
   gfx/picture_child.cpp
   gfx/picture_file.cpp
   gfx/picture_size.cpp

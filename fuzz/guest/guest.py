@@ -6,7 +6,7 @@ import shutil
 import subprocess
 from pathlib import Path
 
-MODULES = ["virtio_pci", "virtio_blk", "vfat", "nls_cp437", "nls_ascii"]
+MODULES = ["virtio_pci", "virtio_blk", "loop", "vfat", "nls_cp437", "nls_ascii"]
 KERNEL_PACKAGE = "linux-image-cloud-amd64"
 
 INIT = """#!/bin/busybox sh
