@@ -11,6 +11,8 @@ packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 x
 packages_for_contact_sheet=(imagemagick) # only that tool
 packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev) # only tools/bench
 packages_to_fuzz=(clang-14 libclang-rt-14-dev) # only tools/fuzz
+packages_for_guest=(qemu-system-x86 busybox-static kmod dosfstools e2fsprogs python3) # tools/power-cuts, tools/stress
+packages_to_cover=(gcovr)                                                             # only tools/coverage
 packages_to_check=(clang-format shellcheck valgrind python3 strace)
 
 on_debian() {
