@@ -1,7 +1,7 @@
 #pragma once
 
-// Included before every source in a build that counts which lines run: see options.cmake. The declaration comes
-// before _exit is another name.
+// Included before every source in a build that counts which lines run: see options.cmake. The declaration
+// comes before _exit is another name.
 #ifdef __cplusplus
 #pragma push_macro("_exit")
 #undef _exit

@@ -1,7 +1,8 @@
-// Themes whose pictures and fonts are broken, and labels that are no text, through the library's own loading and
-// drawing. Usage: kestro-broken-themes PNG JPEG FONTS LABELS [SEED], with how many of each. Prints what was
-// tried and refused. A refused picture must be logged and the default picture must stand in for it; a refused
-// font must leave a screen that draws without texts. Ends itself when something takes longer than a minute.
+// Themes whose pictures and fonts are broken, and labels that are no text, through the library's own loading
+// and drawing. Usage: kestro-broken-themes PNG JPEG FONTS LABELS [SEED], with how many of each. Prints what
+// was tried and refused. A refused picture must be logged and the default picture must stand in for it; a
+// refused font must leave a screen that draws without texts. Ends itself when something takes longer than a
+// minute.
 #include "core/host.h"
 #include "fuzz/stress/log_file.h"
 #include "fuzz/stress/mutation.h"

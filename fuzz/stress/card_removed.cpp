@@ -1,9 +1,9 @@
-// A card that is pulled out while it is being read. Usage: kestro-card-removed TIMES [SEED]. It needs root, and has mounts
-// of its own that nobody else sees. The card is a disk image with an ext4 file system. In turn its place becomes
-// empty at once while files stay open, every further read of it fails as of a card that is gone, and another card
-// takes its place; at any moment while its folders are read, or while thumbnails are made of its pictures. Prints a
-// table; fails if afterwards something is still shown of it, a thumbnail stays asked for, a file stays open, or
-// anything takes longer than a minute.
+// A card that is pulled out while it is being read. Usage: kestro-card-removed TIMES [SEED]. It needs root,
+// and has mounts of its own that nobody else sees. The card is a disk image with an ext4 file system. In turn
+// its place becomes empty at once while files stay open, every further read of it fails as of a card that is
+// gone, and another card takes its place; at any moment while its folders are read, or while thumbnails are
+// made of its pictures. Prints a table; fails if afterwards something is still shown of it, a thumbnail stays
+// asked for, a file stays open, or anything takes longer than a minute.
 #include "fuzz/support/device.h"
 #include "fuzz/support/screen.h"
 #include "menu/dir_browser.h"
@@ -108,7 +108,8 @@ private:
     bool mPluggedIn = false;
 
     static void savePicture(const std::string& path) {
-        SDL_Surface* const picture = SDL_CreateRGBSurfaceWithFormat(0, 300, 200, 32, SDL_PIXELFORMAT_ARGB8888);
+        SDL_Surface* const picture =
+            SDL_CreateRGBSurfaceWithFormat(0, 300, 200, 32, SDL_PIXELFORMAT_ARGB8888);
         auto* const pixels = static_cast<Uint32*>(picture->pixels);
         for (int i = 0; i < picture->w * picture->h; ++i)
             pixels[i] = static_cast<Uint32>(sRandom());
@@ -207,7 +208,8 @@ int main(int count, char** arguments) {
     const std::pair<const char*, int (*)(const std::string&)> ways[] = {{"a scan", scan},
                                                                         {"thumbnails", makeThumbnails}};
     Whole wholes[] = {undisturbed(card, scan), undisturbed(card, makeThumbnails)};
-    expect(wholes[0].found > folders * filesInFolder * 2 && wholes[1].found == pictures, "the card is not read");
+    expect(wholes[0].found > folders * filesInFolder * 2 && wholes[1].found == pictures,
+           "the card is not read");
     const long filesBefore = openFiles();
     int tried[2][3] = {};
     int amid[2][3] = {};
@@ -221,8 +223,8 @@ int main(int count, char** arguments) {
     const char* const removals[] = {"its place is empty", "reads of it fail", "another is there"};
     for (int way = 0; way < 2; ++way)
         for (int removal = 0; removal < 3; ++removal)
-            fprintf(report, "| %s | %s | %d | %d |\n", ways[way].first, removals[removal], tried[way][removal],
-                    amid[way][removal]);
+            fprintf(report, "| %s | %s | %d | %d |\n", ways[way].first, removals[removal],
+                    tried[way][removal], amid[way][removal]);
     fclose(report);
     return sWrong > 0;
 }

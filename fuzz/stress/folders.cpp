@@ -1,8 +1,8 @@
-// Folders as a card may bring them. Usage: kestro-folders tree | fat FOLDER. "tree" makes them where temporary files
-// are kept: many files, folders in each other, links in circles, names that are no text; it reads them as the
-// lists, the counter and the launcher's search do, and shows them. "fat" does with names that differ only in case
-// what can be done in FOLDER, on a file system for which they are the same. Prints a table; fails if something is
-// not as it should be, or takes longer than a minute.
+// Folders as a card may bring them. Usage: kestro-folders tree | fat FOLDER. "tree" makes them where
+// temporary files are kept: many files, folders in each other, links in circles, names that are no text; it
+// reads them as the lists, the counter and the launcher's search do, and shows them. "fat" does with names
+// that differ only in case what can be done in FOLDER, on a file system for which they are the same. Prints a
+// table; fails if something is not as it should be, or takes longer than a minute.
 #include "core/host.h"
 #include "fuzz/support/device.h"
 #include "fuzz/support/screen.h"
@@ -71,8 +71,8 @@ int shown(const std::string& folder) {
     init_shared_skin();
     menu.draw();
     for (int i = 0; i < rows; ++i)
-        DrawString(gListFontTxt, {0, 0, 60, 30}, menu.getItemByIndex(i)->getLabel().c_str(), {9, 9, 9, 255}, 3,
-                   true, false);
+        DrawString(gListFontTxt, {0, 0, 60, 30}, menu.getItemByIndex(i)->getLabel().c_str(), {9, 9, 9, 255},
+                   3, true, false);
     uninit_shared_skin();
     return rows;
 }
@@ -100,7 +100,8 @@ void tryManyFiles(const std::string& folder) {
     expectEqual("found", found(folder), files);
 }
 
-/// Makes 500 folders in each other and a file in the last, by steps: the whole path may be too long to be named.
+/// Makes 500 folders in each other and a file in the last, by steps: the whole path may be too long to be
+/// named.
 void makeDeep(const std::string& folder, const std::string& name) {
     fs::create_directory(folder);
     const int before = open(".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -217,10 +218,12 @@ void tryFat(const std::string& folder) {
 
     DirBrowser browser(nullptr, makeRow);
     const std::string base = folder + "/Games";
-    expectEqual("start in other letters: the base's rows",
-                static_cast<int>(browser.LoadDir(base.c_str(), (folder + "/GAMES/SUB FOLDER").c_str())->size()), 2);
+    expectEqual(
+        "start in other letters: the base's rows",
+        static_cast<int>(browser.LoadDir(base.c_str(), (folder + "/GAMES/SUB FOLDER").c_str())->size()), 2);
     expectEqual("child in other letters",
-                static_cast<int>(browser.ChildDir((base + "/SUB FOLDER").c_str())->size()), 2); // with the way up
+                static_cast<int>(browser.ChildDir((base + "/SUB FOLDER").c_str())->size()),
+                2); // with the way up
 
     // The settings are found, saved and mended under a name in other letters.
     setenv("KESTRO_DEVICE_ROOT", folder.c_str(), 1);
@@ -234,7 +237,8 @@ void tryFat(const std::string& folder) {
     saveSystemState(gShmInfo, nullptr);
     expectEqual("one file of settings", rowsOf(folder + "/mnt/udisk"), 1);
     // So that all this was tried where it means something.
-    expectEqual("no such name", open((folder + "/a:b?.rom").c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600), -1);
+    expectEqual("no such name", open((folder + "/a:b?.rom").c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600),
+                -1);
 }
 
 } // namespace

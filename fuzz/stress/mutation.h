@@ -20,8 +20,8 @@ public:
     /// A number from 0 to `count` - 1.
     size_t below(size_t count) { return count == 0 ? 0 : mRandom() % count; }
 
-    /// `file` with one to three changes: bits and bytes turned over, pieces cut out, doubled, moved or zeroed,
-    /// numbers replaced by those at the ends of their range, the end cut off.
+    /// `file` with one to three changes: bits and bytes turned over, pieces cut out, doubled, moved or
+    /// zeroed, numbers replaced by those at the ends of their range, the end cut off.
     Bytes broken(Bytes file);
 
     /// `count` bytes of any value but zero.
@@ -33,8 +33,8 @@ private:
     void change(Bytes& file);
 };
 
-/// A PNG file whose chunks' checksums fit its content again, as far as its chunks can be followed: the decoder
-/// reads past the first broken one.
+/// A PNG file whose chunks' checksums fit its content again, as far as its chunks can be followed: the
+/// decoder reads past the first broken one.
 Bytes withChecksums(Bytes png);
 
 } // namespace fuzz

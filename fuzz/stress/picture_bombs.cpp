@@ -1,7 +1,8 @@
-// What it costs to refuse a picture. Usage: kestro-picture-bombs ORDINARY FILE..., where ORDINARY is a file that is
-// refused as any broken one is. Each file is loaded by a process of its own; memory is the highest it and its own
-// children had, time the processor's. Prints a table with the differences to the ordinary one, and fails if one
-// is above 20 MB or 50 ms, unless it is named "allowed", for a picture that is none to refuse.
+// What it costs to refuse a picture. Usage: kestro-picture-bombs ORDINARY FILE..., where ORDINARY is a file
+// that is refused as any broken one is. Each file is loaded by a process of its own; memory is the highest it
+// and its own children had, time the processor's. Prints a table with the differences to the ordinary one,
+// and fails if one is above 20 MB or 50 ms, unless it is named "allowed", for a picture that is none to
+// refuse.
 #include "fuzz/support/screen.h"
 #include "gfx/image.h"
 #include "gfx/surface.h"
@@ -33,8 +34,8 @@ double milliseconds(const rusage& usage) {
     return of(usage.ru_utime) + of(usage.ru_stime);
 }
 
-/// The highest there has been of this process, in KB. What a process reports of itself to its parent counts from
-/// before it was split off.
+/// The highest there has been of this process, in KB. What a process reports of itself to its parent counts
+/// from before it was split off.
 long peakMemory() {
     std::ifstream status("/proc/self/status");
     std::string word;
@@ -103,7 +104,8 @@ int main(int count, char** arguments) {
     FILE* const report = fdopen(dup(STDOUT_FILENO), "w");
     for (int i = 1; i < count; ++i)
         arguments[i] = realpath(arguments[i], nullptr);
-    if (count < 3 || !report || std::any_of(arguments + 1, arguments + count, [](char* path) { return !path; }))
+    if (count < 3 || !report ||
+        std::any_of(arguments + 1, arguments + count, [](char* path) { return !path; }))
         return 2;
     fuzz::openScreen();
     Cost ordinary;
@@ -118,8 +120,10 @@ int main(int count, char** arguments) {
         const bool allowed = name.rfind("allowed", 0) == 0;
         const bool cheap = answered && (allowed || (memory < mostMemory && time < mostTime));
         fprintf(report, "| %s | %s%s | %.1f | %.1f |\n", name.c_str(),
-                !answered ? "crashed or hung" : cost.refused ? "refused" : "shown", cheap ? "" : ", too dear",
-                memory, time);
+                !answered      ? "crashed or hung"
+                : cost.refused ? "refused"
+                               : "shown",
+                cheap ? "" : ", too dear", memory, time);
         good &= cheap;
         free(arguments[i]);
     }
