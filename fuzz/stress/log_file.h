@@ -15,6 +15,8 @@ namespace fuzz {
 class LogFile {
 public:
     LogFile() : mOutput(fdopen(dup(STDOUT_FILENO), "w")), mPath(device() + "/log") {
+        if (mOutput)
+            setlinebuf(mOutput); // the next may be the last
         if (!mOutput || !freopen(mPath.c_str(), "w", stdout))
             abort();
     }
