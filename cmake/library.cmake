@@ -16,6 +16,7 @@ add_library(kestro-objects OBJECT
   gfx/fill.cpp
   gfx/image.cpp
   gfx/opacity.cpp
+  gfx/picture_bomb.cpp
   gfx/picture_child.cpp
   gfx/picture_file.cpp
   gfx/picture_size.cpp
@@ -98,7 +99,9 @@ if(KESTRO_SANITIZE)
   target_compile_options(kestro-objects PRIVATE -O1) # the tests can do without, and compile faster
 endif()
 target_include_directories(kestro-objects PUBLIC ${PROJECT_SOURCE_DIR})
-target_link_libraries(kestro-objects PUBLIC kestro-dependencies Threads::Threads PRIVATE kestro-options kestro-hardening)
+target_link_libraries(kestro-objects PUBLIC kestro-dependencies Threads::Threads
+  PRIVATE kestro-options kestro-hardening kestro-coverage
+  INTERFACE $<$<BOOL:${KESTRO_COVERAGE}>:--coverage>)
 
 add_library(kestro SHARED)
 add_library(Kestro::kestro ALIAS kestro)
@@ -110,7 +113,7 @@ target_include_directories(kestro PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kestro>)
 target_link_libraries(kestro
-  PRIVATE kestro-objects kestro-options kestro-hardening Threads::Threads
+  PRIVATE kestro-objects kestro-options kestro-hardening kestro-coverage Threads::Threads
   PUBLIC $<BUILD_INTERFACE:kestro-dependencies>)
 target_link_options(kestro PRIVATE
   -Wl,-z,nodelete # threads and exit handlers run in it to the end

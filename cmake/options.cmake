@@ -14,6 +14,14 @@ if(KESTRO_SANITIZE)
     -fsanitize=${KESTRO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kestro-options INTERFACE -fsanitize=${KESTRO_SANITIZE})
 endif()
+# Linked by what tools/coverage looks at, which the tests are not. The counts of a process that ends at once, such as
+# one that decodes a picture, are written down before.
+add_library(kestro-coverage INTERFACE)
+if(KESTRO_COVERAGE)
+  target_compile_options(kestro-coverage INTERFACE --coverage -fprofile-update=atomic -O0 -U_FORTIFY_SOURCE
+    -D_exit=kestroCountAndExit -include ${PROJECT_SOURCE_DIR}/cmake/count_and_exit.h)
+  target_link_libraries(kestro-coverage INTERFACE --coverage)
+endif()
 
 # How what ships is hardened, against input that finds a hole after all: the addresses of calls are fixed before
 # the program starts and cannot be written then, arrays on the stack are guarded, copies of known size are

@@ -1,6 +1,7 @@
 #include "gfx/picture_file.h"
 
 #include "core/log.h"
+#include "gfx/picture_bomb.h"
 #include "gfx/picture_child.h"
 #include "gfx/picture_size.h"
 
@@ -38,6 +39,18 @@ static bool refuses(const char* path, PictureSize size) {
     return true;
 }
 
+static bool refusesBomb(const char* path, SDL_RWops* file, PictureSize size) {
+    if (kestro::isTooLargeFor(file, size)) {
+        tprintf("picture %s refused: %ux%u from %lld bytes\n", path, size.width, size.height,
+                static_cast<long long>(SDL_RWsize(file)));
+        return true;
+    }
+    const int passes = kestro::passes(file);
+    if (passes > kestro::mostPasses)
+        tprintf("picture %s refused: %d passes\n", path, passes);
+    return passes > kestro::mostPasses;
+}
+
 static SDL_Surface* decode(SDL_RWops* file, const char* type, const char* path) {
     if (!kestro::hasFragileDecoder(file, type))
         return IMG_LoadTyped_RW(file, 0, type);
@@ -64,12 +77,16 @@ SDL_Surface* decodePictureFile(const char* path) {
     if (!file)
         return nullptr;
     const char* const type = extension(path);
-    if (refuses(path, kestro::pictureSize(file, type))) {
+    const PictureSize claimed = kestro::pictureSize(file, type);
+    if (refuses(path, claimed) || refusesBomb(path, file, claimed)) {
         SDL_RWclose(file);
         return nullptr;
     }
     prepareDecoders();
-    SDL_Surface* const picture = decode(file, type, path);
+    SDL_RWops* const shorter = kestro::withoutTexts(file);
+    SDL_Surface* const picture = decode(shorter ? shorter : file, type, path);
+    if (shorter)
+        SDL_RWclose(shorter);
     SDL_RWclose(file);
     // A header that says nothing, such as a drawing's without a size, is known only now.
     if (picture && refuses(path, sizeOf(picture))) {

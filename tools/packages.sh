@@ -13,6 +13,8 @@ packages_for_contact_sheet=(imagemagick) # also tools/theme-pages and tools/chec
 packages_for_reference=(doxygen) # only tools/reference
 packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev) # only tools/bench
 packages_to_fuzz=(clang-14 libclang-rt-14-dev) # only tools/fuzz
+packages_for_guest=(qemu-system-x86 busybox-static kmod dosfstools e2fsprogs python3) # tools/stress, power-cuts
+packages_to_cover=(gcovr) # only tools/coverage
 packages_to_package=(dpkg-dev file lintian) # only tools/package
 packages_to_check_packages=(mmdebstrap) # only tools/check-packages
 packages_to_check=(clang-format shellcheck valgrind python3 strace abigail-tools)
@@ -29,6 +31,11 @@ present_elsewhere() {
     gnuplot-nox) command -v gnuplot >/dev/null ;;
     clang-14) command -v clang++-14 >/dev/null ;;
     libclang-rt-14-dev) true ;; # comes with clang elsewhere
+    qemu-system-x86) command -v qemu-system-x86_64 >/dev/null ;;
+    busybox-static) command -v busybox >/dev/null ;;
+    kmod) command -v modinfo >/dev/null ;;
+    dosfstools) command -v mkfs.vfat >/dev/null ;;
+    e2fsprogs) command -v mkfs.ext4 >/dev/null ;;
     imagemagick) command -v montage >/dev/null ;;
     libsdl2-dev) pkg-config --exists sdl2 ;;
     libsdl2-ttf-dev) pkg-config --exists SDL2_ttf ;;

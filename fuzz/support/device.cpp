@@ -8,12 +8,6 @@
 
 namespace fs = std::filesystem;
 
-// Nothing waits for the disk here.
-extern "C" void sync() noexcept {}
-extern "C" int fsync(int) {
-    return 0;
-}
-
 namespace fuzz {
 
 namespace {

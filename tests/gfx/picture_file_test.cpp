@@ -124,6 +124,62 @@ TEST_F(PictureFileTest, LargestSidesAreDecoded) {
     }
 }
 
+TEST_F(PictureFileTest, LargeClaimOfATinyFileIsRefusedBeforeMemoryIsTaken) {
+    for (const PictureHeader& header : headersClaiming(8000, 8000)) {
+        if (header.extension == "svg")
+            continue;
+        SCOPED_TRACE(header.extension);
+        const std::string path = folder() + "/large." + header.extension;
+        writeFile(path, header.bytes);
+        const SdlMemory memory;
+        EXPECT_EQ(decodePictureFile(path.c_str()), nullptr);
+        EXPECT_LT(memory.largest(), 100'000u);
+        EXPECT_EQ(takeLog(), "picture " + path + " refused: 8000x8000 from " +
+                                 std::to_string(header.bytes.size()) + " bytes\n");
+    }
+}
+
+TEST_F(PictureFileTest, DrawingMayBeLargeAndItsFileTiny) {
+    writeFile("large.svg", R"(<svg width="2100" height="2000"><rect width="9" height="9"/></svg>)");
+    EXPECT_TRUE(decoded("large.svg"));
+}
+
+TEST_F(PictureFileTest, JpegThatGoesOverThePictureAgainAndAgainIsRefused) {
+    std::string file = readFile(picturePath("jpeg-24bit-progressive.jpg"));
+    const size_t scan = file.rfind("\xFF\xDA");
+    const size_t end = file.rfind("\xFF\xD9");
+    ASSERT_LT(scan, end);
+    const std::string pass = file.substr(scan, end - scan);
+    for (int i = 0; i < 101; ++i)
+        file.insert(end, pass);
+    writeFile("passes.jpg", file);
+    EXPECT_EQ(decodePictureFile("passes.jpg"), nullptr);
+    EXPECT_THAT(takeLog(), testing::MatchesRegex("picture passes.jpg refused: 1[01][0-9] passes\n"));
+}
+
+TEST_F(PictureFileTest, TextsInAPngAreNotUnpacked) {
+    const std::string file = readFile(picturePath("png-24bit.png"));
+    constexpr size_t afterHeader = 33;
+    for (const char* kind : {"zTXt", "iTXt", "iCCP"}) {
+        SCOPED_TRACE(kind);
+        std::string chunk = pngChunk(std::string(kind) + "text");
+        chunk.back() = static_cast<char>(chunk.back() + 1); // of which the decoder would complain
+        writeFile("texts.png", file.substr(0, afterHeader) + chunk + chunk + file.substr(afterHeader));
+        testing::internal::CaptureStderr();
+        const MemorySurface got = decoded("texts.png");
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+        const MemorySurface wanted = decoded(picturePath("png-24bit.png"));
+        ASSERT_TRUE(got && wanted);
+        EXPECT_EQ(memcmp(got->pixels, wanted->pixels, static_cast<size_t>(wanted->pitch) * 16), 0);
+    }
+}
+
+TEST_F(PictureFileTest, PngThatEndsWithinATextIsNull) {
+    const std::string file = readFile(picturePath("png-24bit.png"));
+    writeFile("cut.png", file.substr(0, 33) + pngChunk("zTXt" + std::string(100, 'x')).substr(0, 50));
+    EXPECT_EQ(decodePictureFile("cut.png"), nullptr);
+}
+
 TEST_F(PictureFileTest, DrawingThatTurnsOutTooLargeIsRefusedAfterAll) {
     writeFile("long.svg", "<svg><rect x=\"0\" y=\"0\" width=\"16400\" height=\"2\"/></svg>");
     EXPECT_EQ(decodePictureFile("long.svg"), nullptr);
