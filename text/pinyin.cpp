@@ -1,6 +1,7 @@
 #include "text/pinyin.h"
 
 #include "core/load_order.h"
+#include "core/out_of_memory.h"
 #include "text/pinyin_table.h"
 #include "text/utf8.h"
 
@@ -101,8 +102,17 @@ void InitPinYinMap() {
     if (isFilled())
         return;
     gPinyinMap.clear();
-    for (const kestro::PinyinRecord& record : kestro::pinyinRecords)
-        gPinyinMap.emplace_hint(gPinyinMap.end(), record.codePoint, syllableOf(record));
+    kestro::unlessOutOfMemory(__func__, [] {
+        for (const kestro::PinyinRecord& record : kestro::pinyinRecords)
+            gPinyinMap.emplace_hint(gPinyinMap.end(), record.codePoint, syllableOf(record));
+    });
+}
+
+/// Without memory to note that a character has no reading it has none.
+static char initialOf(uint32_t codePoint) {
+    if (codePoint < 128)
+        return static_cast<char>(codePoint);
+    return kestro::unlessOutOfMemory("GetPinyinInitials2", ' ', [=] { return sFound.of(codePoint); });
 }
 
 char* GetPinyinInitials2(const char* text) {
@@ -116,7 +126,7 @@ char* GetPinyinInitials2(const char* text) {
     char* out = initials;
     for (size_t at = 0; at < length;) {
         const kestro::Utf8Step step = kestro::decodeUtf8(text + at, length - at);
-        *out++ = step.codePoint < 128 ? static_cast<char>(step.codePoint) : sFound.of(step.codePoint);
+        *out++ = initialOf(step.codePoint);
         at += step.length;
     }
     *out = 0;
