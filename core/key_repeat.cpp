@@ -69,6 +69,9 @@ void setRepeatTime(int code) {
     SDL_LockMutex(sRepeat.mutex);
     if (code >= 0 && code < keyCodes)
         sRepeat.keys[code].press(now);
+    // Its wait is one until a time of the wall clock: where that was set back meanwhile, it would last that
+    // long.
+    SDL_CondSignal(sRepeat.wake);
     SDL_UnlockMutex(sRepeat.mutex);
     tprintf("set repeat time %ld\n", static_cast<long>(now));
 }

@@ -2,6 +2,7 @@
 
 #include "core/host.h"
 #include "core/log.h"
+#include "core/out_of_memory.h"
 #include "gfx/picture_file.h"
 #include "gfx/pixel_order.h"
 #include "gfx/scale.h"
@@ -50,9 +51,7 @@ static KestroSurface* loadIn32Bits(const std::string& path) {
     return picture ? kestro::surfaceOwning(picture.release()) : nullptr;
 }
 
-KestroSurface* LoadKestroSurface(const char* themeDir, const char* defaultDir, const char* name) {
-    if (!name || !kestro::liveRenderer())
-        return nullptr;
+static KestroSurface* loadFromEither(const char* themeDir, const char* defaultDir, const char* name) {
     if (*name == '/')
         return loadIn32Bits(name);
     if (themeDir)
@@ -62,6 +61,13 @@ KestroSurface* LoadKestroSurface(const char* themeDir, const char* defaultDir, c
     if (surface)
         logFallback(themeDir, name, defaultDir);
     return surface;
+}
+
+KestroSurface* LoadKestroSurface(const char* themeDir, const char* defaultDir, const char* name) {
+    if (!name || !kestro::liveRenderer())
+        return nullptr;
+    return kestro::unlessOutOfMemory<KestroSurface*>(
+        __func__, nullptr, [&] { return loadFromEither(themeDir, defaultDir, name); });
 }
 
 static SurfacePtr decodeFromTheme(const char* name) {
@@ -107,7 +113,8 @@ KestroSurface* LoadKestroSurfaceSpecSized(const char* path, int width, int heigh
         return nullptr;
     SurfacePtr picture(decodePictureFile(path ? path : ""));
     if (!picture && useTheme)
-        picture = decodeFromTheme(name ? name : "");
+        picture = kestro::unlessOutOfMemory<SurfacePtr>(__func__, nullptr,
+                                                        [&] { return decodeFromTheme(name ? name : ""); });
     if (!picture)
         return nullptr;
     if (picture->w == width && picture->h == height)
@@ -120,5 +127,5 @@ KestroSurface* LoadKestroSurfaceSpecSized(const char* path, int width, int heigh
     // A side that was scaled away to nothing leaves a surface that draws nothing.
     KestroSurface* const surface = kestro::surfaceOf(target.get(), target.get());
     SDL_Surface* const pixels = target.release();
-    return surface ? surface : new SDL2KestroSurface(nullptr, pixels);
+    return surface ? surface : kestro::newSurface(nullptr, pixels);
 }

@@ -8,6 +8,7 @@
 #include "gfx/transform.h"
 
 #include <cstdio>
+#include <new>
 
 KestroSurface::~KestroSurface() = default;
 
@@ -206,7 +207,7 @@ KestroSurface* CreateSurface(int w, int h) {
         tprintf("Unable to create texture: %s\n", SDL_GetError());
         return nullptr;
     }
-    return new SDL2KestroSurface(texture, nullptr);
+    return kestro::newSurface(texture, nullptr);
 }
 
 KestroSurface* CreateFromPixels(void* pixels, int w, int h, int depth, int pitch, unsigned int Rmask,
@@ -236,12 +237,26 @@ SDL2KestroSurface* textured(KestroSurface* s) {
     return dynamic_cast<SDL2KestroSurface*>(s);
 }
 
+/// Null, and without the texture, when there is no memory for the object.
+static SDL2KestroSurface* withTexture(SDL_Texture* texture, SDL_Surface* kept) {
+    auto* const surface = new (std::nothrow) SDL2KestroSurface(texture, kept);
+    if (!surface && texture)
+        SDL_DestroyTexture(texture);
+    return surface;
+}
+
+SDL2KestroSurface* newSurface(SDL_Texture* texture, SDL_Surface* copy) {
+    SDL2KestroSurface* const surface = withTexture(texture, copy);
+    if (!surface)
+        SDL_FreeSurface(copy);
+    return surface;
+}
+
 SDL2KestroSurface* surfaceOf(SDL_Surface* pixels, SDL_Surface* kept) {
     SDL_Texture* const texture = SDL_CreateTextureFromSurface(liveRenderer(), pixels);
-    if (!texture)
-        return nullptr;
-    auto* const surface = new SDL2KestroSurface(texture, kept);
-    surface->mOpaque = isOpaque(pixels);
+    SDL2KestroSurface* const surface = texture ? withTexture(texture, kept) : nullptr;
+    if (surface)
+        surface->mOpaque = isOpaque(pixels);
     return surface;
 }
 

@@ -1,9 +1,11 @@
 #include "gfx/text.h"
 
+#include "core/out_of_memory.h"
 #include "gfx/font_height.h"
 #include "gfx/screen_internal.h"
 #include "gfx/surface.h"
 #include "gfx/surface_cache.h"
+#include "gfx/surface_cache_internal.h"
 #include "gfx/surface_internal.h"
 #include "gfx/text_key.h"
 #include "gfx/truncate_memo.h"
@@ -26,9 +28,7 @@ static KestroSurface* renderedText(TTF_Font* font, const char* text, SDL_Color c
     SDL_Surface* const glyphs = TTF_RenderUTF8_Blended(font, text, color);
     if (!glyphs)
         return nullptr;
-    KestroSurface* const surface = kestro::surfaceOwning(glyphs);
-    gTextSurfaceCache.put(std::string(key), surface);
-    return surface;
+    return kestro::keepSurface(gTextSurfaceCache, key, kestro::surfaceOwning(glyphs));
 }
 
 static SDL_Rect placed(const SDL_Rect& rect, int width, int height, int align) {
@@ -72,10 +72,7 @@ public:
     Lines(const char* text, const char* separators) : mCopy(strdup(text), free) {
         if (!mCopy)
             return;
-        char* rest = nullptr;
-        const char* const set = separators ? separators : "";
-        for (char* line = strtok_r(mCopy.get(), set, &rest); line; line = strtok_r(nullptr, set, &rest))
-            mLines.push_back(line);
+        kestro::unlessOutOfMemory("DrawStringLines", [&] { split(separators ? separators : ""); });
     }
 
     int count() const { return static_cast<int>(mLines.size()); }
@@ -92,6 +89,13 @@ public:
 private:
     std::unique_ptr<char, void (*)(void*)> mCopy;
     std::vector<const char*> mLines;
+
+    void split(const char* separators) {
+        char* rest = nullptr;
+        for (char* line = strtok_r(mCopy.get(), separators, &rest); line;
+             line = strtok_r(nullptr, separators, &rest))
+            mLines.push_back(line);
+    }
 };
 
 } // namespace
@@ -141,10 +145,11 @@ int getTruncateLen(TTF_Font* font, const char* text, int, int width) {
     if (!font || !text)
         return 0;
     const std::string_view label = text;
-    int kept = kestro::knownTruncateLen(font, label, width);
+    const auto known = [&] { return kestro::knownTruncateLen(font, label, width); };
+    int kept = kestro::unlessOutOfMemory(__func__, -1, known);
     if (kept < 0) {
         kept = measuredTruncateLen(font, label, width);
-        kestro::rememberTruncateLen(font, label, width, kept);
+        kestro::unlessOutOfMemory(__func__, [&] { kestro::rememberTruncateLen(font, label, width, kept); });
     }
     return kept;
 }

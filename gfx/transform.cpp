@@ -86,7 +86,7 @@ KestroSurface* RotateSurface(KestroSurface* s, int degrees) {
         return nullptr;
     }
     SDL_Surface* const copy = drawRotated(surface->getTexture(), w, h, degrees, target, size);
-    return new SDL2KestroSurface(target, copy);
+    return kestro::newSurface(target, copy);
 }
 
 KestroSurface* CropSurface(KestroSurface* s, SDL_Rect* rect) {
@@ -103,7 +103,7 @@ KestroSurface* CropSurface(KestroSurface* s, SDL_Rect* rect) {
     SDL_Texture* const texture = SDL_CreateTextureFromSurface(kestro::liveRenderer(), part);
     if (!texture)
         tprintf("CropSurface create texture fail : %s\n", SDL_GetError());
-    return new SDL2KestroSurface(texture, part);
+    return kestro::newSurface(texture, part);
 }
 
 /// `value` without its fraction; the nearest int for what no int can hold.

@@ -76,10 +76,11 @@ static Font& placeOf(TTF_Font* font) {
 static uint32_t editionOf(TTF_Font* font) {
     Font& known = placeOf(font);
     if (known.font != font || !looksLike(font, known.look)) {
-        known.font = font;
+        known.font = nullptr; // should there be no memory for the names
         known.edition = ++sMemo.lastEdition;
         known.look = {numbersOf(font), orEmpty(TTF_FontFaceFamilyName(font)),
                       orEmpty(TTF_FontFaceStyleName(font))};
+        known.font = font;
     }
     return known.edition;
 }
@@ -103,11 +104,12 @@ void rememberTruncateLen(TTF_Font* font, std::string_view text, int width, int k
     const uint64_t hash = hashBytes(text);
     Set& set = sMemo.sets[hash % setCount];
     Answer& answer = set.answers[set.next++ % waysPerSet];
+    answer.edition = 0; // should there be no memory for the others
+    answer.text.assign(text);
     answer.hash = hash;
-    answer.edition = editionOf(font);
     answer.width = width;
     answer.kept = kept;
-    answer.text.assign(text);
+    answer.edition = editionOf(font);
 }
 
 void forgetTruncateLens() {

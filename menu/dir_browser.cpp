@@ -1,6 +1,7 @@
 #include "menu/dir_browser.h"
 
 #include "core/log.h"
+#include "core/out_of_memory.h"
 #include "menu/row_order.h"
 
 #include <algorithm>
@@ -95,9 +96,13 @@ DirBrowser::~DirBrowser() {
 /// Reads `path` into a new list and keeps it in front, under the name `cachedAs`. With `withParent` the way
 /// up is among the rows.
 Items* DirBrowser::readDir(const std::string& path, const std::string& cachedAs, bool withParent) {
-    auto items = std::make_unique<Items>(readRows(path, mFactory, withParent).ordered());
-    mCache.insert(mCache.begin(), {cachedAs, items.get()});
-    return items.release();
+    CachedDir cached{cachedAs, nullptr};
+    mCache.reserve(mCache.size() + 1); // so that nothing is lost once the rows are there
+    auto items = std::make_unique<Items>();
+    *items = readRows(path, mFactory, withParent).takeOrdered();
+    cached.items = items.release();
+    mCache.insert(mCache.begin(), std::move(cached));
+    return mCache.front().items;
 }
 
 /// Pushes the folders on the way from the current one along `rest`, such as "/a/b".
@@ -110,9 +115,7 @@ void DirBrowser::pushComponents(const std::string& rest) {
     }
 }
 
-Items* DirBrowser::LoadDir(const char* base, const char* start) {
-    if (!base)
-        return nullptr;
+Items* DirBrowser::loadTree(const char* base, const char* start) {
     // Copies: both may point into rows that go now.
     const std::string baseDir = base;
     const std::string startDir = start ? start : "";
@@ -127,6 +130,12 @@ Items* DirBrowser::LoadDir(const char* base, const char* start) {
     return readDir(startDir, mStack.back(), !isBaseDir());
 }
 
+Items* DirBrowser::LoadDir(const char* base, const char* start) {
+    if (!base)
+        return nullptr;
+    return kestro::unlessOutOfMemory<Items*>(__func__, nullptr, [&] { return loadTree(base, start); });
+}
+
 Items* DirBrowser::getMenu(const char* path) {
     if (!path)
         return nullptr;
@@ -139,9 +148,7 @@ Items* DirBrowser::getMenu(const char* path) {
     return mCache.front().items;
 }
 
-Items* DirBrowser::ChildDir(const char* path) {
-    if (!path)
-        return nullptr;
+Items* DirBrowser::enter(const char* path) {
     const std::string child = path; // a copy: it may be part of a row that is trimmed away
     mStack.push_back(child);
     if (Items* const kept = getMenu(child.c_str()))
@@ -152,11 +159,22 @@ Items* DirBrowser::ChildDir(const char* path) {
     return items;
 }
 
+Items* DirBrowser::ChildDir(const char* path) {
+    if (!path)
+        return nullptr;
+    return kestro::unlessOutOfMemory<Items*>(__func__, nullptr, [&] { return enter(path); });
+}
+
 Items* DirBrowser::ParentDir() {
     if (mStack.empty())
         return nullptr;
     if (!isBaseDir())
         mStack.pop_back();
+    return kestro::unlessOutOfMemory<Items*>(__func__, nullptr, [&] { return reenter(); });
+}
+
+/// Shows the current folder again.
+Items* DirBrowser::reenter() {
     const std::string current = mStack.back();
     if (Items* const kept = getMenu(current.c_str()))
         return kept;

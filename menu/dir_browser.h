@@ -68,6 +68,9 @@ private:
 
     KESTRO_HIDDEN std::vector<void*>* readDir(const std::string& path, const std::string& cachedAs,
                                               bool withParent);
+    KESTRO_HIDDEN std::vector<void*>* loadTree(const char* base, const char* start);
+    KESTRO_HIDDEN std::vector<void*>* enter(const char* path);
+    KESTRO_HIDDEN std::vector<void*>* reenter();
     KESTRO_HIDDEN void pushComponents(const std::string& rest);
 };
 

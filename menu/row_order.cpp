@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 
 namespace kestro {
 
@@ -12,10 +13,23 @@ static const char* labelOf(const TextMenuItem& item) {
     return item.labelText().empty() ? getLangStr(item.getLabelId()) : item.labelText().c_str();
 }
 
+RowOrder::~RowOrder() {
+    for (const Row& row : mRows)
+        delete row.item;
+}
+
 void RowOrder::add(TextMenuItem* item) {
+    std::unique_ptr<TextMenuItem> owned(item);
     const Action* const action = item->getAction();
     mRows.push_back(
         {item, LabelSort::Label(labelOf(*item)), action != nullptr, action ? action->sortGroup : 0});
+    static_cast<void>(owned.release());
+}
+
+std::vector<void*> RowOrder::takeOrdered() {
+    std::vector<void*> items = ordered();
+    mRows.clear();
+    return items;
 }
 
 /// Whether an existing row gives way to a new one. Groups are compared by their signed difference.

@@ -14,13 +14,17 @@ namespace kestro {
 /// mix: they compare by label alone, and there is no order that suits every pair.
 class RowOrder {
 public:
-    /// Takes the next row, which is not null and is not owned here.
-    void add(TextMenuItem* row);
+    RowOrder() = default;
+    RowOrder(RowOrder&&) = default;
+    RowOrder& operator=(RowOrder&&) = delete;
+    ~RowOrder();
 
+    /// Takes the next row, which is not null and is owned from here on, also when this throws.
+    void add(TextMenuItem* row);
     size_t size() const { return mRows.size(); }
 
-    /// All rows in order.
-    std::vector<void*> ordered() const;
+    /// All rows in order. From now on they are the caller's, and there are none left here.
+    std::vector<void*> takeOrdered();
 
 private:
     struct Row {
@@ -35,6 +39,7 @@ private:
     static bool comesBefore(const Row& newRow, const Row& existing);
     bool canBeSorted(uint32_t& highest) const;
     std::vector<void*> insertedOneByOne() const;
+    std::vector<void*> ordered() const;
 };
 
 } // namespace kestro

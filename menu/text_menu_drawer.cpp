@@ -2,9 +2,13 @@
 
 #include "core/host.h"
 #include "core/log.h"
+#include "core/out_of_memory.h"
 #include "gfx/image.h"
 #include "gfx/surface_cache_internal.h"
 #include "shell/skin.h"
+
+#include <new>
+#include <utility>
 
 static constexpr SDL_Rect defaultRect{0, 80, 1280, 580};
 
@@ -28,7 +32,7 @@ static int rowHeight(int heightLeft, int rows) {
 static KestroSurface* loadAtOnce(const std::string& path, int width, int height) {
     // By name, not by path, so that a theme can override a picture of the skin.
     KestroSurface* const picture = LoadKestroSurfaceSpecSized("", width, height, path.c_str(), true, true);
-    return picture ? picture : new SDL2KestroSurface(nullptr, nullptr);
+    return picture ? picture : new (std::nothrow) SDL2KestroSurface(nullptr, nullptr);
 }
 
 TextMenuDrawer::TextMenuDrawer(const char* selectedBackground, const char* normalBackground, int rowsPerPage,
@@ -77,13 +81,17 @@ static void replaceBackground(KestroSurface*& background, const char* name) {
 }
 
 void TextMenuDrawer::refresh() {
-    if (mThemePath == currentTheme())
+    kestro::unlessOutOfMemory(__func__, [&] { takeTheme(currentTheme()); });
+}
+
+void TextMenuDrawer::takeTheme(std::string theme) {
+    if (mThemePath == theme)
         return;
     replaceBackground(mSelectedBackground, "skin/bg-list-f.png");
     replaceBackground(mNormalBackground, "skin/bg-list-n.png");
     mRowImages.clear();
     mSecondRowImages.clear();
-    mThemePath = currentTheme();
+    mThemePath = std::move(theme);
 }
 
 /// Only text rows have an action here; the rows of a setting page, which share this code, do not.
@@ -93,7 +101,8 @@ int TextMenuDrawer::runAction(int (Action::*run)(void*), bool logged) {
     if (!action)
         return -1;
     if (logged)
-        tprintf("%s dowork %p\n", row->getLabel().c_str(), static_cast<void*>(row));
+        kestro::unlessOutOfMemory(
+            "select", [&] { tprintf("%s dowork %p\n", row->getLabel().c_str(), static_cast<void*>(row)); });
     const int result = (action->*run)(row); // nothing of this list is touched any more: it may be gone
     return result < 0 ? -1 : result;
 }
@@ -125,6 +134,11 @@ static std::string sizeSuffix(int width, int height) {
 KestroSurface* TextMenuDrawer::getRowImage(const char* path, int width, int height) {
     if (!path || !*path)
         return nullptr;
+    return kestro::unlessOutOfMemory<KestroSurface*>(__func__, nullptr,
+                                                     [&] { return rowImage(path, width, height); });
+}
+
+KestroSurface* TextMenuDrawer::rowImage(const char* path, int width, int height) {
     LRUCache& cache = height <= mItemHeight ? mRowImages : mSecondRowImages;
     static std::string key; // keeps its memory from row to row
     key.assign(path).append(sizeSuffix(width, height));
@@ -132,7 +146,7 @@ KestroSurface* TextMenuDrawer::getRowImage(const char* path, int width, int heig
     if (!picture) {
         picture = mImageLoader(path, width, height);
         if (picture)
-            cache.put(key, picture);
+            picture = kestro::keepSurface(cache, key, picture);
     }
     return picture && picture->getWidth() > 0 ? picture : nullptr;
 }

@@ -131,6 +131,8 @@ protected:
 
 private:
     struct RowPlace;
+    KESTRO_HIDDEN KestroSurface* rowImage(const char* path, int width, int height);
+    KESTRO_HIDDEN void takeTheme(std::string theme);
     KESTRO_HIDDEN void drawRow(int index);
     KESTRO_HIDDEN void drawBackground(const RowPlace& place);
     KESTRO_HIDDEN void drawIcon(KestroSurface* icon, RowPlace& place);

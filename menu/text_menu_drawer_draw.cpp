@@ -1,5 +1,6 @@
 #include "menu/text_menu_drawer.h"
 
+#include "core/out_of_memory.h"
 #include "gfx/font_height.h"
 #include "gfx/text.h"
 #include "menu/label_highlight.h"
@@ -77,8 +78,8 @@ int TextMenuDrawer::draw() {
         return 0;
     layOutPage(count, mRowsPerPage);
     for (int index = mFirstVisible; index <= mLastVisible; ++index)
-        drawRow(index);
-    drawThumbnail();
+        kestro::unlessOutOfMemory("draw", [&] { drawRow(index); });
+    kestro::unlessOutOfMemory("draw", [&] { drawThumbnail(); });
     if (mShowListNumber)
         drawListNumAtStatBar(std::min(mCursor, INT32_MAX - 1) + 1, count);
     return 0;

@@ -1,6 +1,7 @@
 #include "services/lru_cache.h"
 
 #include "core/hash_bytes.h"
+#include "core/out_of_memory.h"
 
 #include <algorithm>
 #include <utility>
@@ -67,8 +68,15 @@ void* LRUCache::find(std::string_view key) {
 
 void LRUCache::put(std::string key, void* value) {
     const uint64_t hash = hashBytes(key);
+    std::list<Entry> fresh; // made before anything goes, as it needs memory
+    kestro::unlessOutOfMemory(__func__, [&] { fresh.push_front({hash, std::move(key), value}); });
     const Locked lock(mLock);
-    for (auto same = entryOf(key, hash); same != mEntries.end(); same = entryOf(key, hash)) {
+    if (fresh.empty()) {
+        release(value);
+        return;
+    }
+    const std::string& name = fresh.front().key;
+    for (auto same = entryOf(name, hash); same != mEntries.end(); same = entryOf(name, hash)) {
         void* const old = same->value;
         mEntries.erase(same);
         release(old);
@@ -79,7 +87,7 @@ void LRUCache::put(std::string key, void* value) {
         mEntries.pop_back();
         release(oldest);
     }
-    mEntries.push_front({hash, std::move(key), value});
+    mEntries.splice(mEntries.begin(), fresh);
 }
 
 void* LRUCache::pop(std::string key) {

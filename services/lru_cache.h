@@ -32,7 +32,8 @@ public:
     void* find(std::string_view key);
 
     /// Stores `value`, which may be null, under `key` as the most recently used. A value already stored
-    /// there is released first, even when it is the same pointer.
+    /// there is released first, even when it is the same pointer. Without memory for the entry the cache
+    /// stays as it is, and `value` is released.
     void put(std::string key, void* value);
 
     /// Takes the value under `key` out without releasing it; the caller owns it. Null if there is none.

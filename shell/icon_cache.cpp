@@ -2,6 +2,7 @@
 
 #include "core/host.h"
 #include "gfx/image.h"
+#include "gfx/surface_cache_internal.h"
 
 KestroSurface* getIconFromCache(const char* path) {
     if (!path)
@@ -9,9 +10,7 @@ KestroSurface* getIconFromCache(const char* path) {
     if (void* const cached = gIconCache.find(path))
         return static_cast<KestroSurface*>(cached);
     KestroSurface* const icon = LoadKestroSurface(gThemePath, "./", path);
-    if (icon)
-        gIconCache.put(path, icon);
-    return icon;
+    return icon ? kestro::keepSurface(gIconCache, path, icon) : nullptr;
 }
 
 int drawCachedIconCentered(const SDL_Rect& cell, const char* path) {

@@ -1,6 +1,7 @@
 #include "system/language.h"
 
 #include "core/load_order.h"
+#include "core/out_of_memory.h"
 #include "system/current_language.h"
 
 #include <type_traits>
@@ -58,7 +59,9 @@ int getLangIndex(const char* fileName, const char* text) {
 
 std::vector<LangInfo>* getLangList() {
     sLangList.clear();
-    for (const LangRecord& record : gLangTable)
-        sLangList.push_back({record.fileName, record.displayName, record.iconPath});
+    kestro::unlessOutOfMemory(__func__, [] {
+        for (const LangRecord& record : gLangTable)
+            sLangList.push_back({record.fileName, record.displayName, record.iconPath});
+    });
     return &sLangList;
 }

@@ -1,6 +1,7 @@
 #include "system/language.h"
 
 #include "core/log.h"
+#include "core/out_of_memory.h"
 #include "system/content.h"
 #include "system/json_file.h"
 #include "system/json_lookup_internal.h"
@@ -9,11 +10,23 @@
 #include <cstdlib>
 #include <cstring>
 #include <dirent.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 using kestro::JsonPtr;
 using kestro::JsonTextPtr;
+
+namespace {
+
+struct Close {
+    void operator()(FILE* file) const { fclose(file); }
+    void operator()(DIR* opened) const { closedir(opened); }
+};
+using FilePtr = std::unique_ptr<FILE, Close>;
+using DirPtr = std::unique_ptr<DIR, Close>;
+
+} // namespace
 
 static constexpr char folder[] = "./lang";
 static constexpr char englishFile[] = "en.lang";
@@ -69,12 +82,11 @@ static bool readRecord(const std::string& path, FILE* file, LangRecord& record) 
 /// Reads one file into `record`. Its texts are cleared first, its names are not.
 static bool loadLangFile(const std::string& path, LangRecord& record) {
     record.strings.clear();
-    FILE* const file = fopen(path.c_str(), "r");
+    const FilePtr file(fopen(path.c_str(), "r"));
     bool ok = false;
     if (file) {
         record.fileName = path.substr(path.rfind('/') + 1);
-        ok = readRecord(path, file, record);
-        fclose(file);
+        ok = readRecord(path, file.get(), record);
     }
     tprintf("read lang file %s ok=%d\n", path.c_str(), ok);
     return ok;
@@ -132,23 +144,21 @@ static bool isLanguageFile(const std::string& name) {
 }
 
 static void addOthers() {
-    DIR* const opened = opendir(folder);
-    if (!opened)
-        return;
+    const DirPtr opened(opendir(folder));
     LangRecord record; // one for all: a file without icon shows the icon of the file before
-    while (const dirent* const entry = readdir(opened)) {
-        const std::string name = entry->d_name;
-        if (isLanguageFile(name) && loadLangFile(std::string(folder) + "/" + name, record))
-            addOrMerge(record);
-    }
-    closedir(opened);
+    while (const dirent* const entry = opened ? readdir(opened.get()) : nullptr)
+        kestro::unlessOutOfMemory("initLang", [&] {
+            const std::string name = entry->d_name;
+            if (isLanguageFile(name) && loadLangFile(std::string(folder) + "/" + name, record))
+                addOrMerge(record);
+        });
 }
 
 void initLang() {
     if (access(folder, F_OK) != 0)
         mkdir(folder, 0777);
     if (access(englishPath, F_OK) != 0)
-        writeEnglish();
-    addEnglish();
+        kestro::unlessOutOfMemory(__func__, writeEnglish);
+    kestro::unlessOutOfMemory(__func__, addEnglish);
     addOthers();
 }

@@ -1,6 +1,7 @@
 #include "system/settings_journal.h"
 
 #include "core/log.h"
+#include "core/out_of_memory.h"
 #include "system/system_state.h"
 
 #include <cstdio>
@@ -63,9 +64,7 @@ static bool isNameless(const char* path) {
     return stat(path, &status) == 0 && status.st_nlink == 0;
 }
 
-bool writeSideCopy(const char* path, const char* text) {
-    if (!sJournal || isNameless(path))
-        return true;
+static bool writeSideCopyUnguarded(const char* path, const char* text) {
     const std::string copy = sideCopyOf(path);
     restoreFromSideCopy(path, copy);
     FILE* const file = fopen(copy.c_str(), "w");
@@ -78,15 +77,23 @@ bool writeSideCopy(const char* path, const char* text) {
     return synced && closed;
 }
 
+bool writeSideCopy(const char* path, const char* text) {
+    if (!sJournal || isNameless(path))
+        return true;
+    return unlessOutOfMemory(__func__, false, [=] { return writeSideCopyUnguarded(path, text); });
+}
+
 void endSideCopy(const char* path, FILE* written) {
     if (!sJournal)
         return;
     // A file that is not known to be complete keeps its copy.
     if (fflush(written) != 0 || ferror(written) || fsync(fileno(written)) != 0)
         return;
-    const std::string copy = sideCopyOf(path);
-    if (unlink(copy.c_str()) == 0)
-        syncFolderOf(copy);
+    unlessOutOfMemory(__func__, [=] {
+        const std::string copy = sideCopyOf(path);
+        if (unlink(copy.c_str()) == 0)
+            syncFolderOf(copy);
+    });
 }
 
 static JsonPtr parseSideCopy(const char* path) {
@@ -99,7 +106,9 @@ static JsonPtr parseSideCopy(const char* path) {
 
 JsonPtr parseProtected(const char* name, const char* path, bool* opened) {
     JsonPtr root = parsePath(name, path, opened);
-    return !root && sJournal ? parseSideCopy(path) : std::move(root);
+    if (root || !sJournal)
+        return root;
+    return unlessOutOfMemory<JsonPtr>(__func__, nullptr, [=] { return parseSideCopy(path); });
 }
 
 JsonPtr parseSettings(const char* path, bool* opened) {

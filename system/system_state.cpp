@@ -65,15 +65,18 @@ static int cannotSave(const char* path, const char* key) {
 static JsonPtr settingsToChange(const char* path) {
     bool opened = false;
     JsonPtr root = kestro::parseSettings(path, &opened);
-    if (!root && !opened)
+    // With the journal a file that is there, but cannot be opened just now, is not written over.
+    const bool starts = !opened && (!kestro::journalIsOn() || access(path, F_OK) != 0);
+    if (!root && starts)
         root.reset(cJSON_CreateObject());
     return root;
 }
 
-static void replaceNumber(cJSON* root, const char* key, int value) {
+/// Without memory for the new number there is none.
+static bool replaceNumber(cJSON* root, const char* key, int value) {
     if (cJSON* const old = kestro::findItem(root, key)) // by pointer: cJSON may use a lookup of its own
         cJSON_Delete(cJSON_DetachItemViaPointer(root, old));
-    cJSON_AddNumberToObject(root, key, value);
+    return cJSON_AddNumberToObject(root, key, value) != nullptr;
 }
 
 int saveOneItemInSystemState(const char* key, int value) {
@@ -83,9 +86,9 @@ int saveOneItemInSystemState(const char* key, int value) {
     const JsonPtr root = settingsToChange(path);
     if (!root)
         return cannotSave(path, key);
-    replaceNumber(root.get(), key, value);
+    const bool replaced = replaceNumber(root.get(), key, value);
     const JsonTextPtr text = kestro::printed(root.get());
-    if (kestro::journalIsOn() && (!text || !kestro::writeSideCopy(path, text.get())))
+    if (kestro::journalIsOn() && (!replaced || !text || !kestro::writeSideCopy(path, text.get())))
         return -1;
     FILE* const file = fopen(path, "w");
     if (!file) {

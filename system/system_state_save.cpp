@@ -4,6 +4,7 @@
 #include "system/clock_settings.h"
 #include "system/current_language.h"
 #include "system/display_color.h"
+#include "system/settings_journal.h"
 #include "system/system_state.h"
 
 #include <cstddef>
@@ -91,6 +92,10 @@ static constexpr KeyRow rows[] = {
 /// Without these the file would not be worth keeping.
 static constexpr size_t essentialRows = 6;
 
+static bool isLeftOut(const Saving& saving, const KeyRow& row) {
+    return row.text && !row.text(saving);
+}
+
 static cJSON* makeItem(const Saving& saving, const KeyRow& row) {
     if (row.text) {
         const char* const text = row.text(saving);
@@ -111,9 +116,13 @@ kestro::JsonPtr kestro::saveKeys(void* shm, const char* theme) {
     const Saving saving{shm, theme};
     for (size_t i = 0; i < sizeof rows / sizeof *rows; ++i) {
         cJSON* const item = makeItem(saving, rows[i]);
-        if (item && !cJSON_AddItemToObject(root.get(), rows[i].key, item))
+        const bool added = item && cJSON_AddItemToObject(root.get(), rows[i].key, item);
+        if (item && !added)
             cJSON_Delete(item);
-        else if (!item && i < essentialRows)
+        if (!item && i < essentialRows)
+            return nullptr;
+        // The journal keeps the old file rather than one from which a key is missing for want of memory.
+        if (!added && !isLeftOut(saving, rows[i]) && journalIsOn())
             return nullptr;
     }
     return root;

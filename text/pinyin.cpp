@@ -1,6 +1,7 @@
 #include "text/pinyin.h"
 
 #include "core/load_order.h"
+#include "core/out_of_memory.h"
 #include "text/pinyin_table.h"
 #include "text/utf8.h"
 
@@ -33,7 +34,10 @@ public:
 
     char of(uint32_t codePoint) {
         const char known = codePoint < sizeof mInitials ? mInitials[codePoint] : '\0';
-        return known ? known : search(codePoint);
+        if (known)
+            return known;
+        // Without memory to note that a character has no reading it has none.
+        return kestro::unlessOutOfMemory("GetPinyinInitials2", ' ', [=] { return search(codePoint); });
     }
 
 private:
@@ -102,8 +106,10 @@ void InitPinYinMap() {
     if (isFilled())
         return;
     gPinyinMap.clear();
-    for (const kestro::PinyinRecord& record : kestro::pinyinRecords)
-        gPinyinMap.emplace_hint(gPinyinMap.end(), record.codePoint, syllableOf(record));
+    kestro::unlessOutOfMemory(__func__, [] {
+        for (const kestro::PinyinRecord& record : kestro::pinyinRecords)
+            gPinyinMap.emplace_hint(gPinyinMap.end(), record.codePoint, syllableOf(record));
+    });
 }
 
 /// Copies ASCII characters to `out`, eight at a time, up to the first eight bytes with another among them.
@@ -145,6 +151,7 @@ char* GetPinyinInitials2(const char* text) {
     *out = 0;
     return initials;
 }
+
 /// The bytes of the `count` code points at `text`, of which `length` bytes remain.
 static size_t walk(const char* text, size_t length, size_t count) {
     size_t at = 0;

@@ -37,6 +37,8 @@ public:
         close(nowhere);
     }
     ~Device() {
+        if (getpid() != mOwner)
+            return; // a copy of the process, which ends before it
         std::error_code ignored;
         fs::current_path("/", ignored);
         fs::remove_all(mRoot, ignored);
@@ -48,6 +50,7 @@ public:
 
 private:
     std::string mRoot;
+    const pid_t mOwner = getpid();
 };
 
 } // namespace

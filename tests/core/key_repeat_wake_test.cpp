@@ -23,6 +23,16 @@ TEST_F(RepeatWakeTest, ClearingWakesTheThread) {
     });
 }
 
+TEST_F(RepeatWakeTest, PressingWakesTheThread) {
+    whileRunning([&] {
+        sSignals = 0;
+        setRepeatTime(5);
+        EXPECT_EQ(sSignals, 1);
+        clearRepeatTime();
+        takeLog();
+    });
+}
+
 TEST_F(RepeatWakeTest, EndOfTheRunWakesTheThread) {
     whileRunning([&] { sSignals = 0; });
     EXPECT_EQ(sSignals, 1);

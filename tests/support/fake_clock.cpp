@@ -13,6 +13,7 @@
 
 static std::atomic<bool> sActive{false};
 static std::atomic<uint64_t> sMicroseconds{0};
+static std::atomic<int64_t> sMovedBy{0}; // microseconds
 static std::mutex sSleepsLock;
 static std::vector<uint64_t> sSleeps;
 
@@ -66,11 +67,21 @@ void HeldSleep::end() {
     sHeld.changed.notify_all();
 }
 
+static uint64_t movedTime(int (*real)(timeval*, void*)) {
+    timeval now{};
+    real(&now, nullptr);
+    return static_cast<uint64_t>(now.tv_sec * 1'000'000 + now.tv_usec + sMovedBy);
+}
+
+void moveWallClock(int64_t microseconds) {
+    sMovedBy = microseconds;
+}
+
 extern "C" int gettimeofday(timeval* time, void* zone) noexcept {
     static const auto real = REAL_FUNCTION(gettimeofday);
-    if (!sActive)
+    if (!sActive && sMovedBy == 0)
         return real(time, zone);
-    const uint64_t now = sMicroseconds;
+    const uint64_t now = sActive ? sMicroseconds.load() : movedTime(real);
     time->tv_sec = static_cast<time_t>(now / 1'000'000);
     time->tv_usec = static_cast<suseconds_t>(now % 1'000'000);
     return 0;

@@ -22,6 +22,10 @@ public:
     std::vector<uint64_t> takeSleeps();
 };
 
+/// Without a FakeClock: lets gettimeofday tell another time than the system's, by so many microseconds; see
+/// MovedClock.
+void moveWallClock(int64_t microseconds);
+
 /// While it lives, a sleep ends only when the test says so, whether the clock stands still or not. For one
 /// thread that sleeps again and again.
 class HeldSleep {
