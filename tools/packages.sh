@@ -11,6 +11,8 @@ packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 x
 packages_for_contact_sheet=(imagemagick) # only that tool
 packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev) # only tools/bench
 packages_to_fuzz=(clang-14 libclang-rt-14-dev) # only tools/fuzz
+packages_to_cross=(g++-aarch64-linux-gnu qemu-user-static mmdebstrap) # only tools/make-sysroot, tools/test-arm64
+packages_to_board=(qemu-system-arm u-boot-qemu fdisk e2fsprogs kmod imagemagick) # only tools/make-card, tools/boot-board
 packages_to_check=(clang-format shellcheck valgrind python3 strace)
 
 on_debian() {

@@ -2,6 +2,7 @@
 
 #include <SDL_image.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -132,7 +133,15 @@ static SurfacePtr difference(SDL_Surface* wanted, SDL_Surface* got, int toleranc
     return picture;
 }
 
-void ScreenTest::expectPicture(const std::string& name, int tolerance) {
+// The pictures were made where SDL blends with x86-64's own instructions. Elsewhere it rounds otherwise.
+#ifdef __x86_64__
+static constexpr int sBlendingTolerance = 0;
+#else
+static constexpr int sBlendingTolerance = 2;
+#endif
+
+void ScreenTest::expectPicture(const std::string& name, int allowed) {
+    const int tolerance = std::max(allowed, sBlendingTolerance);
     const SurfacePtr got(frame(), SDL_FreeSurface);
     const std::string golden = TEST_GOLDEN "/" + name + ".png";
     if (getenv("KESTRO_UPDATE_GOLDEN") && tolerance == 0) {
