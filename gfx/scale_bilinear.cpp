@@ -18,9 +18,9 @@ uint32_t blendByte(const BilinearNeighbours& around, int shift, float dx, float 
     return static_cast<uint32_t>(static_cast<int>(t)); // truncated: pure white may come out as 254
 }
 
-using Kernel = void (*)(const BilinearJob&);
+} // namespace
 
-Kernel bestKernel() {
+BilinearKernel bestBilinearKernel() {
 #if defined(__x86_64__)
     if (processorHasAvx512())
         return bilinearAvx512;
@@ -31,8 +31,6 @@ Kernel bestKernel() {
     return bilinearPlain;
 #endif
 }
-
-} // namespace
 
 uint32_t bilinearPixel(const BilinearNeighbours& neighbours, float dx, float dy, bool swapRB) {
     const auto blended = [&](int shift) { return blendByte(neighbours, shift, dx, dy); };
@@ -75,7 +73,7 @@ unsigned int* resizeBilinear_cpu(unsigned int* src, unsigned int* dst, int srcW,
                                  int swapRB) {
     if (!src || !dst || srcW < 1 || srcH < 1 || dstW < 1 || dstH < 1)
         return dst;
-    static const Kernel kernel = bestKernel();
+    static const BilinearKernel kernel = bestBilinearKernel();
     kernel({src, dst, srcW, srcH, dstW, dstH, swapRB != 0});
     return dst;
 }

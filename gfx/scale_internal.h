@@ -48,6 +48,11 @@ uint32_t bilinearPixel(const BilinearNeighbours& neighbours, float dx, float dy,
 /// Every pixel by bilinearPixel: for processors without a kernel below, and to test those.
 void bilinearPlain(const BilinearJob& job);
 
+using BilinearKernel = void (*)(const BilinearJob&);
+
+/// The fastest kernel that this processor knows.
+BilinearKernel bestBilinearKernel();
+
 /// Of two pixels of the error-term scaler. The carry out of the top byte is lost, on purpose.
 static inline uint32_t errorTermAverage(uint32_t a, uint32_t b) {
     return (((a ^ b) & 0x00010101u) + a + b) >> 1;

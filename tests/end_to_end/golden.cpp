@@ -15,16 +15,23 @@ Picture goldenPicture(const std::string& name, const Picture& got) {
     return readPicture(path);
 }
 
+// The pictures were made where SDL blends with x86-64's own instructions. Elsewhere it rounds otherwise.
+#ifdef __x86_64__
+static constexpr int sTolerance = 0;
+#else
+static constexpr int sTolerance = 2;
+#endif
+
 /// White where the two differ.
 static Picture difference(const Picture& wanted, const Picture& got) {
     Picture result = got;
     std::transform(wanted.pixels.begin(), wanted.pixels.end(), got.pixels.begin(), result.pixels.begin(),
-                   [](uint32_t a, uint32_t b) { return a == b ? 0u : 0xFFFFFFu; });
+                   [](uint32_t a, uint32_t b) { return looksLike(a, b, sTolerance) ? 0u : 0xFFFFFFu; });
     return result;
 }
 
 void expectSamePicture(const std::string& name, const Picture& wanted, const Picture& got) {
-    if (wanted == got)
+    if (looksLike(wanted, got, sTolerance))
         return;
     const std::string failed = NAVORA_FAILED_PICTURES "/" + name;
     std::filesystem::create_directories(NAVORA_FAILED_PICTURES);

@@ -172,6 +172,19 @@ TEST(Sse2VectorTest, FusedOperationIsThatOfTheStandardLibraryInEveryLane) {
 }
 #endif
 
+TEST(BestBilinearKernelTest, UsesTheWidestInstructionsThatTheProcessorKnows) {
+#if defined(__x86_64__)
+    const BilinearKernel wanted = processorHasAvx512() ? bilinearAvx512
+                                  : processorHasAvx2() ? bilinearAvx2
+                                                       : bilinearSse2;
+#elif defined(__aarch64__)
+    const BilinearKernel wanted = bilinearNeon;
+#else
+    const BilinearKernel wanted = bilinearPlain;
+#endif
+    EXPECT_EQ(bestBilinearKernel(), wanted);
+}
+
 /// A kernel that the processor does not know is never chosen.
 static std::vector<NamedBilinearKernel> knownKernels() {
     std::vector<NamedBilinearKernel> kernels;

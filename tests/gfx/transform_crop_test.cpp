@@ -81,7 +81,12 @@ TEST_F(CropSurfaceTest, RectangleIsLeftAsItWas) {
 
 TEST_F(CropSurfaceTest, TranslucentPixelsAreBlendedOntoTransparentBlack) {
     const KestroSurfacePtr part = cropped(pictureOf(1, 1, {0x80402010}), {0, 0, 1, 1});
-    EXPECT_EQ(copiedPixel(part, 0, 0), 0x7F201008u);
+#ifdef __x86_64__
+    const Uint32 blended = 0x7F201008; // SDL's instructions for this processor round down once more
+#else
+    const Uint32 blended = 0x80201008;
+#endif
+    EXPECT_EQ(copiedPixel(part, 0, 0), blended);
     takeLog();
 }
 
