@@ -39,8 +39,6 @@ public:
     const char* getTitle() override { return title; }
 };
 
-static constexpr const char* headphone = "icon-bluetooth-headphone";
-
 class NavBarTest : public BarsTest {
 protected:
     TitledWindow window;

@@ -21,8 +21,6 @@ static_assert(std::is_same_v<decltype(&draw_hotplug), IconDrawer>);
 static_assert(std::is_same_v<decltype(&draw_wifi_icon), IconDrawer>);
 static_assert(std::is_same_v<decltype(&draw_bluetooth_icon), IconDrawer>);
 
-static constexpr const char* headphone = "icon-bluetooth-headphone";
-
 class StatusIconsTest : public BarsTest {
 protected:
     std::vector<std::string> drawnBy(IconDrawer drawer, int used = 0, int offset = 0) {

@@ -19,6 +19,9 @@ protected:
     static constexpr int levelPoints = 26;
     static constexpr int hintPoints = 22;
 
+    /// One of the status icons.
+    static constexpr const char* headphone = "icon-bluetooth-headphone";
+
     /// The names of the status icons.
     static const std::vector<std::string> iconNames;
 
