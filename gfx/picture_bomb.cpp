@@ -89,6 +89,9 @@ bool isText(const Chunk& chunk) {
 
 constexpr int64_t signature = 8;
 
+/// Zeros that no decoder takes for a chunk.
+constexpr size_t noChunk = 16;
+
 /// The places of a PNG file, from and to, that are no texts; empty if it has none.
 std::vector<std::pair<int64_t, int64_t>> partsWithoutTexts(SDL_RWops* file) {
     std::vector<std::pair<int64_t, int64_t>> parts;
@@ -157,6 +160,7 @@ SDL_RWops* withoutTexts(SDL_RWops* file) {
         const auto parts = partsWithoutTexts(file);
         for (const auto& [from, to] : parts)
             size += static_cast<size_t>(to - from);
+        size += noChunk; // libpng believes what it reads of a chunk's head beyond the end of a file
         constexpr size_t mostCopied = size_t{64} << 20;
         const bool copied = !parts.empty() && size <= mostCopied;
         auto* const bytes = static_cast<char*>(copied ? SDL_malloc(size) : nullptr);
@@ -171,7 +175,7 @@ SDL_RWops* withoutTexts(SDL_RWops* file) {
             SDL_RWseek(file, from, RW_SEEK_SET);
             next += SDL_RWread(file, next, 1, static_cast<size_t>(to - from));
         }
-        memset(next, 0, static_cast<size_t>(bytes + size - next)); // should the file have become shorter
+        memset(next, 0, static_cast<size_t>(bytes + size - next)); // and what a file that shrank lacks
         return copy;
     } catch (const std::bad_alloc&) {
         return nullptr;
