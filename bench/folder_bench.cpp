@@ -163,7 +163,7 @@ void orderRows(const std::vector<std::string>& names) {
                                     kestro::RowOrder order;
                                     for (TextMenuItem* row : rows)
                                         order.add(row);
-                                    bench::keep(order.ordered());
+                                    bench::keep(order.takeOrdered());
                                 }};
     const bench::Contender standard{"std::sort by strcmp", [&] {
                                         std::vector<const char*> sorted = labels;
