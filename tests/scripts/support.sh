@@ -6,8 +6,9 @@
 repository=$(readlink -f "$(dirname "${BASH_SOURCE[0]}")/../..")
 
 # Puts a program into the PATH that notes its name and arguments in the file "calls", then runs the lines
-# that follow on standard input.
+# that follow on standard input. A link to the real program, which was there before, must not be written through.
 stub() {
+  rm -f "bin/$1"
   {
     printf '#!%s\necho "%s $*" >>%q\n' "$BASH" "$1" "$PWD/calls"
     cat
