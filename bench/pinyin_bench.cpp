@@ -6,9 +6,13 @@
 #include "text/pinyin_table.h"
 #include "text/utf8.h"
 
+#include <unicode/translit.h>
+
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <memory>
+#include <stdexcept>
 
 namespace {
 
@@ -64,14 +68,39 @@ void walk(const Readings& readings) {
         bench::keep(entry.second);
 }
 
+bench::Contender initialsOf(const std::vector<std::string>& titles) {
+    return {"kestro",
+            [&] { forAll(titles, [](const std::string& t) { return GetPinyinInitials2(t.c_str()); }); }};
+}
+
+/// Readings in full, as ICU gives them: what a host without the library would take the initials from.
+void readByIcu(const icu::Transliterator& readings, const std::string& title) {
+    icu::UnicodeString text = icu::UnicodeString::fromUTF8(title);
+    readings.transliterate(text);
+    bench::keep(text);
+}
+
+void compareWithIcu() {
+    UErrorCode error = U_ZERO_ERROR;
+    const std::unique_ptr<icu::Transliterator> readings(
+        icu::Transliterator::createInstance("Han-Latin", UTRANS_FORWARD, error));
+    if (!readings)
+        throw std::runtime_error(u_errorName(error));
+    const std::vector<std::string> titles = bench::titles(2000);
+    const bench::Contender icu{"ICU's Han-Latin", [&] {
+                                   for (const std::string& title : titles)
+                                       readByIcu(*readings, title);
+                               }};
+    const std::vector<double> times = bench::medianTimes({initialsOf(titles), icu});
+    bench::report("GetPinyinInitials2, varied titles", icu.name, times[0] / times[1], 0,
+                  times[0] / static_cast<double>(titles.size()));
+}
+
 void makeInitials() {
     InitPinYinMap();
     Readings readings;
     fill(readings);
     const std::vector<std::string> titles = bench::titles(20000);
-    const bench::Contender ours{
-        "kestro",
-        [&] { forAll(titles, [](const std::string& t) { return GetPinyinInitials2(t.c_str()); }); }};
     const bench::Contender looking{"std::map lookups", [&] {
                                        forAll(titles, [&](const std::string& t) {
                                            return initials(t,
@@ -84,7 +113,7 @@ void makeInitials() {
                                                             [](uint32_t c) { return static_cast<char>(c); });
                                         });
                                     }};
-    const std::vector<double> times = bench::medianTimes({ours, looking, decoding});
+    const std::vector<double> times = bench::medianTimes({initialsOf(titles), looking, decoding});
     const double each = times[0] / static_cast<double>(titles.size());
     bench::report("GetPinyinInitials2, varied titles", looking.name, times[0] / times[1], 0.07, each);
     bench::report("GetPinyinInitials2, varied titles", decoding.name, times[0] / times[2], 1.4, each);
@@ -110,5 +139,6 @@ void fillMap() {
 
 int main() {
     makeInitials();
+    compareWithIcu();
     fillMap();
 }

@@ -3,6 +3,7 @@
 
 #include <SDL.h>
 #include <libyuv.h>
+#include <opencv2/imgproc.hpp>
 #include <pixman.h>
 
 #include <memory>
@@ -97,6 +98,13 @@ public:
                 }};
     }
 
+    bench::Contender openCv(const std::string& name, cv::InterpolationFlags filter) {
+        return {name, [this, filter] {
+                    const cv::Mat to = matrix(mTo, mSize.dstW, mSize.dstH);
+                    cv::resize(matrix(mFrom, mSize.srcW, mSize.srcH), to, to.size(), 0, 0, filter);
+                }};
+    }
+
 private:
     static size_t count(int w, int h) { return static_cast<size_t>(w) * static_cast<size_t>(h); }
     static unsigned side(int length) { return static_cast<unsigned>(length); }
@@ -104,6 +112,9 @@ private:
     static Surface surface(std::vector<unsigned>& pixels, int w, int h) {
         return Surface(
             SDL_CreateRGBSurfaceWithFormatFrom(pixels.data(), w, h, 32, w * 4, SDL_PIXELFORMAT_ARGB8888));
+    }
+    static cv::Mat matrix(std::vector<unsigned>& pixels, int w, int h) {
+        return {h, w, CV_8UC4, pixels.data()};
     }
     static Image image(std::vector<unsigned>& pixels, int w, int h) {
         return Image(pixman_image_create_bits(PIXMAN_a8r8g8b8, w, h, pixels.data(), w * 4));
@@ -133,24 +144,29 @@ std::vector<double> compareAll(const std::string& operation, const std::vector<b
 void compareShrinking(const Size& size) {
     Pictures pictures(size);
     compareAll("bilinear " + pictures.name(),
-               {pictures.bilinear(), pictures.pixmanBilinear(), pictures.sdlLinear()}, {1.15, 0.8});
+               {pictures.bilinear(), pictures.pixmanBilinear(), pictures.sdlLinear(),
+                pictures.openCv("OpenCV INTER_LINEAR", cv::INTER_LINEAR)},
+               {1.15, 0.8, 0});
 }
 
 void compareEnlarging(const Size& size, double pixmanGoal, double libyuvGoal) {
     Pictures pictures(size);
     compareAll("bilinear " + pictures.name(),
                {pictures.bilinear(), pictures.pixmanBilinear(),
-                pictures.libyuv("libyuv kFilterBilinear", libyuv::kFilterBilinear)},
-               {pixmanGoal, libyuvGoal});
+                pictures.libyuv("libyuv kFilterBilinear", libyuv::kFilterBilinear),
+                pictures.openCv("OpenCV INTER_LINEAR", cv::INTER_LINEAR)},
+               {pixmanGoal, libyuvGoal, 0});
 }
 
 void compareNearest() {
     std::vector<double> ratios;
     for (const Size& size : sizes) {
         Pictures pictures(size);
-        ratios.push_back(compareAll(
-            "nearest " + pictures.name(),
-            {pictures.nearest(), pictures.libyuv("libyuv kFilterNone", libyuv::kFilterNone)}, {1.8})[0]);
+        ratios.push_back(
+            compareAll("nearest " + pictures.name(),
+                       {pictures.nearest(), pictures.libyuv("libyuv kFilterNone", libyuv::kFilterNone),
+                        pictures.openCv("OpenCV INTER_NEAREST", cv::INTER_NEAREST)},
+                       {1.8, 0})[0]);
     }
     bench::report("nearest, geometric mean of these", "libyuv kFilterNone", bench::geometricMean(ratios), 1);
 }
@@ -169,6 +185,7 @@ void compareErrorTerm() {
 } // namespace
 
 int main() {
+    cv::setNumThreads(1); // as all the others; and only this thread's time is taken
     for (int i = 0; i < 4; ++i)
         compareShrinking(sizes[i]);
     compareEnlarging(sizes[4], 0.85, 2.6);

@@ -11,7 +11,7 @@ packages_to_test=(libgtest-dev libgmock-dev libx11-dev libgl1-mesa-dri libegl1 x
   python3-pyelftools)
 packages_for_contact_sheet=(imagemagick) # also tools/theme-pages and tools/check-docs
 packages_for_reference=(doxygen) # only tools/reference
-packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev) # only tools/bench
+packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev libopencv-imgproc-dev libicu-dev) # only tools/bench
 packages_to_fuzz=(clang-14 libclang-rt-14-dev) # only tools/fuzz
 packages_for_guest=(qemu-system-x86 busybox-static kmod dosfstools e2fsprogs python3) # tools/stress, power-cuts
 packages_to_cover=(gcovr) # only tools/coverage
@@ -47,6 +47,8 @@ present_elsewhere() {
     libgtest-dev) pkg-config --exists gtest ;;
     libgmock-dev) pkg-config --exists gmock ;;
     libpixman-1-dev) pkg-config --exists pixman-1 ;;
+    libicu-dev) pkg-config --exists icu-i18n ;;
+    libopencv-imgproc-dev) [[ -e /usr/include/opencv4/opencv2/imgproc.hpp || -e /usr/local/include/opencv4/opencv2/imgproc.hpp ]] ;;
     libyuv-dev) [[ -e /usr/include/libyuv.h || -e /usr/local/include/libyuv.h ]] ;;
     libx11-dev) pkg-config --exists x11 ;;
     python3-pyelftools) /usr/bin/python3 -c 'import elftools' ;;

@@ -23,7 +23,8 @@ struct Contender {
 std::vector<double> medianTimes(const std::vector<Contender>& contenders);
 
 /// Prints one row of the table: `operation`, the peer or limit it is compared with, the ratio of times or
-/// counts, the largest ratio that is wanted, and optionally how long the operation itself took.
+/// counts, the largest ratio that is wanted (0: none, the row is only to know), and optionally how long the
+/// operation itself took.
 void report(const std::string& operation, const std::string& peer, double ratio, double goal,
             double nanoseconds = 0);
 
