@@ -5,6 +5,7 @@
 #include "support/screen_test.h"
 #include "support/surfaces.h"
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <random>
@@ -43,6 +44,10 @@ protected:
         const SDL_PixelFormat& format = *pixels->format;
         return KestroSurfacePtr(CreateFromPixels(pixels->pixels, pixels->w, pixels->h, 32, pixels->pitch,
                                                  format.Rmask, format.Gmask, format.Bmask, format.Amask));
+    }
+
+    static int columnsOf(const SDL_Surface& picture, const SDL_Rect& part) {
+        return std::min(picture.w, part.x + part.w) - std::max(0, part.x);
     }
 
     /// What the screen shows after `draw` upon noise.
@@ -126,6 +131,8 @@ TEST_F(OpacityTest, OpaquePicturesLookAsPlainSdlDrawsThem) {
                 dst.w = src.w;
                 dst.h = src.h;
             }
+            if (part && columnsOf(*pixels, src) == 1)
+                continue; // SDL stretches it with a pixel beyond it, of weight 0: memory checkers cannot know
             const auto ours = shown([&] {
                 for (const SDL_BlendMode mode :
                      modesOf([&] { picture->render(part, place, false, nullptr); }))
