@@ -66,11 +66,18 @@ protected:
         EXPECT_TRUE(threadDisappears("repeatkey"));
     }
 
-    int takeRepeats() { return std::exchange(mRepeats, 0); }
+    /// The repeats since it was called before, of which there is at most one for every look of the thread.
+    int takeRepeats() {
+        const Clock::time_point last = std::exchange(mTaken, Clock::now());
+        const auto looks = std::chrono::duration_cast<milliseconds>(mTaken - last) / milliseconds(100);
+        EXPECT_LE(mRepeats, 3 + looks) << "one may have waited, one comes at each end";
+        return std::exchange(mRepeats, 0);
+    }
     int takeFrames() { return std::exchange(mFrames, 0); }
 
 private:
     std::vector<int> mCodes;
+    Clock::time_point mTaken = Clock::now();
     int mRepeats = 0;
     int mFrames = 0;
 };
@@ -97,7 +104,6 @@ protected:
 
 TEST_P(SetClockTest, HeldKeyNeitherRepeatsForEverNorTooOften) {
     int before = 0;
-    int during = 0;
     Script script{{0, [] { setRepeatTime(5); }},
                   {1200,
                    [&] {
@@ -106,14 +112,12 @@ TEST_P(SetClockTest, HeldKeyNeitherRepeatsForEverNorTooOften) {
                    }},
                   {2000,
                    [&] {
-                       during = takeRepeats();
+                       takeRepeats();
                        clearRepeatTime();
                    }},
                   {2300, [&] { takeRepeats(); }}};
     runFor(milliseconds(3200), [&](milliseconds now) { script(now); });
     EXPECT_GE(before, 3);
-    EXPECT_LE(before, 10);
-    EXPECT_LE(during, 10) << "one for every look of the thread";
     EXPECT_EQ(takeRepeats(), 0) << "after it was let go";
 }
 
@@ -179,8 +183,8 @@ TEST_F(StoppedProcessTest, GoesOnWithOneRepeatAndWithoutABurst) {
                    }},
                   {before,
                    [&] {
-                       takeRepeats();
                        stop();
+                       takeRepeats(); // of before, as nothing ran meanwhile
                    }},
                   {after + 150,
                    [&] {
@@ -194,7 +198,6 @@ TEST_F(StoppedProcessTest, GoesOnWithOneRepeatAndWithoutABurst) {
     runFor(milliseconds(after + 950), [&](milliseconds now) { script(now); });
     EXPECT_TRUE(script.isDone());
     EXPECT_GE(atOnce, 1);
-    EXPECT_LE(atOnce, 4);
     EXPECT_EQ(takeRepeats(), 0) << "after it was let go";
     EXPECT_LE(takeFrames(), 30) << "at fifty frames a second";
 }
