@@ -20,7 +20,8 @@ add_library(kestro-hostkit STATIC
   hostkit/settings.cpp
   hostkit/shm_info.cpp
   hostkit/theme.cpp
-  hostkit/theme_path.cpp)
+  hostkit/theme_path.cpp
+  hostkit/unattended.cpp)
 add_library(Kestro::hostkit ALIAS kestro-hostkit)
 set_target_properties(kestro-hostkit PROPERTIES EXPORT_NAME hostkit POSITION_INDEPENDENT_CODE ON)
 target_link_libraries(kestro-hostkit PUBLIC kestro rt PRIVATE $<BUILD_INTERFACE:kestro-options> $<BUILD_INTERFACE:kestro-hardening>

@@ -14,3 +14,4 @@
 #include "hostkit/session.h"
 #include "hostkit/settings.h"
 #include "hostkit/theme.h"
+#include "hostkit/unattended.h"

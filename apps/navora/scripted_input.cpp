@@ -1,17 +1,15 @@
 #include "navora/scripted_input.h"
 
 #include "core/window_stack.h"
-#include "gfx/screen.h"
-#include "gfx/transform.h"
 #include "hostkit/close_request.h"
+#include "hostkit/unattended.h"
 #include "navora/thumbnails.h"
 #include "navora/unsettled.h"
 
-#include <SDL_image.h>
+#include <SDL.h>
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <utility>
 
 namespace navora {
@@ -48,15 +46,6 @@ bool isKeyName(const std::string& name) {
     return name == pictureKey || findKey(name);
 }
 
-static void pushKey(SDL_Scancode code, Uint32 type) {
-    SDL_Event event{};
-    event.type = type;
-    event.key.state = type == SDL_KEYDOWN ? SDL_PRESSED : SDL_RELEASED;
-    event.key.keysym.scancode = code;
-    event.key.keysym.sym = SDL_GetKeyFromScancode(code);
-    SDL_PushEvent(&event);
-}
-
 ScriptedInput::ScriptedInput(std::vector<std::string> keys, std::string shot)
     : mKeys(std::move(keys)), mShot(std::move(shot)) {}
 
@@ -66,8 +55,7 @@ void ScriptedInput::frameBegins() {
     if (wantsKey()) {
         const SDL_Scancode code = findKey(mKeys[mPressed++])->code;
         mFramesSince = 0;
-        pushKey(code, SDL_KEYDOWN);
-        pushKey(code, SDL_KEYUP);
+        hostkit::pressKey(code);
     } else if (!mShot.empty() && !mEnded && isSettled()) {
         takeNextShot();
     }
@@ -103,17 +91,10 @@ std::string ScriptedInput::numberedShot() const {
 }
 
 void ScriptedInput::takeShot(const std::string& path) {
-    std::unique_ptr<KestroSurface> picture(ScreenSnapshot());
-    if (picture && picture->getHeight() > picture->getWidth()) // on a display that is mounted on its side
-        picture.reset(RotateSurface(picture.get(), 90));
-    const auto* const copy = dynamic_cast<SDL2KestroSurface*>(picture.get());
-    SDL_Surface* const opaque =
-        copy ? SDL_ConvertSurfaceFormat(copy->getSurface(), SDL_PIXELFORMAT_RGB24, 0) : nullptr;
-    if (!opaque || IMG_SavePNG(opaque, path.c_str()) != 0) {
-        mFailed = true;
-        fprintf(stderr, "navora: cannot write '%s': %s\n", path.c_str(), SDL_GetError());
-    }
-    SDL_FreeSurface(opaque);
+    if (hostkit::saveScreenPicture(path))
+        return;
+    mFailed = true;
+    fprintf(stderr, "navora: cannot write '%s': %s\n", path.c_str(), SDL_GetError());
 }
 
 bool ScriptedInput::shotFailed() const {
