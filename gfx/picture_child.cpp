@@ -84,8 +84,18 @@ bool writePicture(int pipe, SDL_Surface* picture) {
     return true;
 }
 
+// SDL's own locks stay locked here if another thread of the process held one when it was copied: then this
+// waits for ever, and says nothing.
+bool greet(int pipe) {
+    SDL_FreeFormat(SDL_AllocFormat(SDL_PIXELFORMAT_RGB24));
+    SDL_ClearError();
+    return writeAll(pipe, "", 1);
+}
+
 [[noreturn]] void runChild(SDL_RWops* file, const char* type, int pipe) {
     limitResources();
+    if (!greet(pipe))
+        _exit(1);
     SDL_Surface* const picture = IMG_LoadTyped_RW(file, 0, type);
     _exit(picture && writePicture(pipe, picture) ? 0 : 1);
 }
@@ -94,25 +104,20 @@ bool writePicture(int pipe, SDL_Surface* picture) {
 
 class Child {
 public:
-    Child(SDL_RWops* file, const char* type, int patience) : mPatience(patience) {
-        int ends[2];
-        if (pipe2(ends, O_CLOEXEC) != 0)
-            return;
-        mPid = fork();
-        if (mPid == 0)
-            runChild(file, type, ends[1]);
-        close(ends[1]);
-        mPipe = ends[0];
-    }
-    ~Child() {
-        if (mPipe >= 0)
-            close(mPipe);
-        if (mPid <= 0)
-            return;
-        kill(mPid, SIGKILL);
-        while (waitpid(mPid, nullptr, 0) < 0 && errno == EINTR) {
+    /// Waits until the child can decode; ends one that cannot, and takes another.
+    Child(SDL_RWops* file, const char* type, int patience) {
+        constexpr int attempts = 4;
+        for (int i = 0; i < attempts; ++i) {
+            mPatience = patience / attempts;
+            start(file, type);
+            char greeting = 0;
+            if (read(&greeting, 1))
+                break;
+            end();
         }
+        mPatience = patience;
     }
+    ~Child() { end(); }
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
 
@@ -134,7 +139,30 @@ public:
 private:
     pid_t mPid = -1;
     int mPipe = -1;
-    int mPatience; // milliseconds left to wait
+    int mPatience = 0; // milliseconds left to wait
+
+    void start(SDL_RWops* file, const char* type) {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0)
+            return;
+        mPid = fork();
+        if (mPid == 0)
+            runChild(file, type, ends[1]);
+        close(ends[1]);
+        mPipe = ends[0];
+    }
+
+    void end() {
+        if (mPipe >= 0)
+            close(mPipe);
+        mPipe = -1;
+        if (mPid <= 0)
+            return;
+        kill(mPid, SIGKILL);
+        while (waitpid(mPid, nullptr, 0) < 0 && errno == EINTR) {
+        }
+        mPid = -1;
+    }
 
     /// Waits for more. Poll's own time counts, not a clock's, which somebody may set.
     bool hasMore() {

@@ -17,7 +17,7 @@ packages_for_guest=(qemu-system-x86 busybox-static kmod dosfstools e2fsprogs pyt
 packages_to_cover=(gcovr) # only tools/coverage
 packages_to_package=(dpkg-dev file lintian) # only tools/package
 packages_to_check_packages=(mmdebstrap) # only tools/check-packages
-packages_to_cross=(g++-aarch64-linux-gnu qemu-user-static mmdebstrap) # only tools/make-sysroot, tools/test-arm64
+packages_to_cross=(g++-aarch64-linux-gnu qemu-user-static mmdebstrap arch-test) # only what is for arm64
 packages_to_board=(qemu-system-arm u-boot-qemu fdisk e2fsprogs kmod imagemagick) # only tools/make-card, tools/boot-board
 packages_to_check=(clang-format shellcheck valgrind python3 strace abigail-tools)
 

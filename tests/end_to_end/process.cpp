@@ -15,7 +15,11 @@
 
 using Clock = std::chrono::steady_clock;
 
+#ifdef __x86_64__
 static constexpr std::chrono::seconds patience(60);
+#else
+static constexpr std::chrono::seconds patience(600); // where the processor may be emulated
+#endif
 static constexpr std::chrono::milliseconds lookEvery(10);
 
 bool eventually(const std::function<bool()>& holds) {

@@ -3,20 +3,34 @@
 #include "gfx/picture_file.h"
 #include "support/kestro_test.h"
 #include "support/pictures.h"
+#include "support/real_function.h"
 #include "support/surfaces.h"
 
 #include <SDL_image.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <functional>
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 using kestro::decodeInChild;
 using kestro::PictureSize;
+
+// How many copies of this process will wait for a lock, in memory that they share.
+static std::atomic<int>* sWaitingCopies = nullptr;
+
+extern "C" SDL_PixelFormat* SDL_AllocFormat(Uint32 format) {
+    static const auto real = REAL_FUNCTION(SDL_AllocFormat);
+    if (sWaitingCopies && sWaitingCopies->fetch_sub(1) > 0)
+        for (;;)
+            pause();
+    return real(format);
+}
 
 namespace {
 
@@ -125,6 +139,19 @@ TEST_F(PictureChildTest, ADecoderThatHangsIsEnded) {
             pause();
     });
     EXPECT_EQ(decodeInChild(hanging.get(), nullptr, refusesNone, 100), nullptr);
+}
+
+// Another thread may have been in SDL when the process was copied, and the copy waits for it for ever.
+TEST_F(PictureChildTest, ACopyThatWaitsForALockOfSdlsIsReplaced) {
+    auto* const shared = static_cast<std::atomic<int>*>(
+        mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    ASSERT_NE(shared, MAP_FAILED);
+    *shared = 1;
+    sWaitingCopies = shared;
+    EXPECT_TRUE(decoded(transparent, true));
+    EXPECT_LT(*shared, 0) << "there was one copy only";
+    sWaitingCopies = nullptr;
+    munmap(shared, sizeof(std::atomic<int>));
 }
 
 TEST_F(PictureChildTest, ASizeThatIsRefusedIsNotRead) {

@@ -62,6 +62,7 @@ remove_packages() {
 # The launcher finds all it needs, and draws what it draws where it was built. Once more if a minute has just passed,
 # for there is a clock in the picture.
 the_launcher_draws_the_same() {
+  local -x QEMU_LD_PREFIX=$PWD/build/sysroot-arm64 # asked for only where the processor is emulated
   local version built=$build/apps/navora/navora
   version=$(as_user navora --version)
   [[ $version == "$("$built" --version)" ]] || fail "The installed launcher is $version"

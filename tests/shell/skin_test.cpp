@@ -63,11 +63,11 @@ TEST_F(SkinTest, HasTwoGreensWithoutAlpha) {
 TEST_F(SkinTest, HasWhiteForEverythingElse) {
     SDL_Color* const whites[] = {&gPopupColorTxt,   &gPopupColorBtn, &gStatColorTxt, &gListColorTxt,
                                  &gListColorSubtxt, &gListColorSeq,  &gNavColorTxt,  &gNavColorIcon};
-    for (SDL_Color* const white : whites)
-        *white = {1, 2, 3, 4};
+    for (SDL_Color* const color : whites)
+        *color = {1, 2, 3, 4};
     init_shared_skin();
-    for (const SDL_Color* const white : whites)
-        expectColor(*white, 255, 255, 255, 255);
+    for (const SDL_Color* const color : whites)
+        expectColor(*color, 255, 255, 255, 255);
     takeLog();
 }
 

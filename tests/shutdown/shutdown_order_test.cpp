@@ -108,6 +108,12 @@ protected:
     /// Whether everything is opened once and each child ends a copy of it; with a server each opens its own.
     static bool isCopied() { return GetParam().video == std::string("dummy"); }
 
+    /// Of how many orders one is tried. Where a processor is emulated, opening takes a child seconds.
+    static size_t ordersToOne() {
+        const char* const given = getenv("KESTRO_TEST_ORDERS_TO_ONE");
+        return given && !isCopied() ? static_cast<size_t>(std::atoi(given)) : 1;
+    }
+
     static void endAfter(const std::string& order, bool inTheLoop) {
         if (!isCopied())
             open(order.size() % 2);
@@ -181,10 +187,11 @@ private:
 
 TEST_P(ShutdownDeathTest, EndsCleanlyInEveryOrder) {
     const char* const silence = GetParam().usesOpenGl ? "" : "^$";
+    const std::vector<std::string> all = orders();
     for (const bool inTheLoop : {false, true})
-        for (const std::string& order : orders())
-            EXPECT_EXIT(endAfter(order, inTheLoop), testing::ExitedWithCode(0), silence)
-                << "order \"" << order << (inTheLoop ? "\" in the loop" : "\"");
+        for (size_t i = inTheLoop ? ordersToOne() / 2 : 0; i < all.size(); i += ordersToOne())
+            EXPECT_EXIT(endAfter(all[i], inTheLoop), testing::ExitedWithCode(0), silence)
+                << "order \"" << all[i] << (inTheLoop ? "\" in the loop" : "\"");
 }
 
 static std::string nameOf(const testing::TestParamInfo<Driver>& info) {

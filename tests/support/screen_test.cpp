@@ -137,15 +137,15 @@ static SurfacePtr difference(SDL_Surface* wanted, SDL_Surface* got, int toleranc
 // at most 2, but for pages of many layers, which have a picture NAME-plain.png besides.
 #ifdef __x86_64__
 static constexpr int sBlendingTolerance = 0;
-static const char* const sMadeElsewhere = "";
+static const char* const sPlainSuffix = "";
 #else
 static constexpr int sBlendingTolerance = 2;
-static const char* const sMadeElsewhere = "-plain";
+static const char* const sPlainSuffix = "-plain";
 #endif
 
 static std::string goldenPath(const std::string& name) {
-    const std::string elsewhere = TEST_GOLDEN "/" + name + sMadeElsewhere + ".png";
-    return std::filesystem::exists(elsewhere) ? elsewhere : TEST_GOLDEN "/" + name + ".png";
+    const std::string plain = TEST_GOLDEN "/" + name + sPlainSuffix + ".png";
+    return std::filesystem::exists(plain) ? plain : TEST_GOLDEN "/" + name + ".png";
 }
 
 void ScreenTest::expectPicture(const std::string& name, int allowed) {

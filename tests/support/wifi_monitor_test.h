@@ -7,7 +7,9 @@
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <thread>
+#include <unistd.h>
 
 /// A test of the Wi-Fi monitor, whose sleeps end when the test says so. wpa_supplicant runs, as number 77.
 class WifiMonitorTest : public WifiTest {
@@ -15,7 +17,7 @@ protected:
     void SetUp() override {
         WifiTest::SetUp();
         addProcess("77", "/usr/sbin/wpa_supplicant");
-        std::thread([] {}).join(); // with the first thread the sanitizer starts one of its own
+        startAThread(); // with the first one the sanitizer, or an emulator, starts one of its own
         mThreads = threads();
         mSleep.emplace();
     }
@@ -62,6 +64,14 @@ protected:
 
 private:
     ptrdiff_t mThreads = 0;
+
+    /// Returns once it is not counted any more, which is some time after it was joined.
+    static void startAThread() {
+        std::filesystem::path task;
+        std::thread([&] { task = "/proc/self/task/" + std::to_string(gettid()); }).join();
+        while (std::filesystem::exists(task))
+            std::this_thread::yield();
+    }
 
     static ptrdiff_t threads() {
         return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
