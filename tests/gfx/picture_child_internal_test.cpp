@@ -7,14 +7,10 @@
 
 #include <SDL_image.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -62,25 +58,6 @@ protected:
         SDL_RWops* const file = SDL_RWFromConstMem(content.data(), static_cast<int>(content.size()));
         MemorySurface picture(inChild ? decodeInChild(file, nullptr, refusesNone)
                                       : IMG_LoadTyped_RW(file, 0, nullptr));
-        SDL_RWclose(file);
-        return picture;
-    }
-
-    /// The picture with this content, whose decoder does something before it reads.
-    static MemorySurface decodedAfter(void (*action)(), const std::string& content,
-                                      const std::function<bool(PictureSize)>& refuses = refusesNone) {
-        static void (*before)() = nullptr;
-        static decltype(SDL_RWops::read) read = nullptr;
-        before = action;
-        SDL_RWops* const file = SDL_RWFromConstMem(content.data(), static_cast<int>(content.size()));
-        read = file->read;
-        file->read = [](SDL_RWops* self, void* data, size_t size, size_t count) {
-            if (before)
-                before();
-            before = nullptr;
-            return read(self, data, size, count);
-        };
-        MemorySurface picture(decodeInChild(file, nullptr, refuses));
         SDL_RWclose(file);
         return picture;
     }
@@ -148,53 +125,6 @@ TEST_F(PictureChildTest, ADecoderThatHangsIsEnded) {
             pause();
     });
     EXPECT_EQ(decodeInChild(hanging.get(), nullptr, refusesNone, 100), nullptr);
-}
-
-TEST_F(PictureChildTest, ADecoderThatCannotAnswerGivesNoPicture) {
-    const auto closePipes = [] {
-        for (int handle = 3; handle < 100; ++handle)
-            if (struct stat status{}; fstat(handle, &status) == 0 && S_ISFIFO(status.st_mode))
-                close(handle);
-    };
-    EXPECT_FALSE(decodedAfter(closePipes, transparent));
-    EXPECT_TRUE(decodedAfter(nullptr, transparent));
-}
-
-TEST_F(PictureChildTest, WithoutAFileHandleLeftThereIsNoPicture) {
-    rlimit before{};
-    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
-    const rlimit none{3, before.rlim_max};
-    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
-    const MemorySurface picture = decoded(transparent, true);
-    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
-    EXPECT_FALSE(picture);
-}
-
-// More than a pipe holds, so that both sides wait for each other, in the midst of signals.
-TEST_F(PictureChildTest, SignalsThatInterruptChangeNothing) {
-    std::string large(300 * 300 * 4 + 200, '\0'); // what a BMP file of that size takes, and some
-    const MemorySurface noise(SDL_CreateRGBSurfaceWithFormat(0, 300, 300, 32, SDL_PIXELFORMAT_ARGB8888));
-    for (int i = 0; i < 300 * 300; ++i)
-        static_cast<Uint32*>(noise->pixels)[i] = static_cast<Uint32>(i) * 2654435761u;
-    ASSERT_EQ(SDL_SaveBMP_RW(noise.get(), SDL_RWFromMem(large.data(), static_cast<int>(large.size())), 1), 0);
-    struct sigaction action {
-    }, old{};
-    action.sa_handler = [](int) {}; // without SA_RESTART
-    ASSERT_EQ(sigaction(SIGALRM, &action, &old), 0);
-    const auto ring = [] {
-        const itimerval often{{0, 1000}, {0, 1000}};
-        setitimer(ITIMER_REAL, &often, nullptr);
-    };
-    ring();
-    const MemorySurface picture = decodedAfter(ring, large, [](PictureSize) {
-        for (int i = 0; i < 20; ++i)
-            usleep(1000); // meanwhile the decoder cannot write on
-        return false;
-    });
-    const itimerval never{};
-    setitimer(ITIMER_REAL, &never, nullptr);
-    sigaction(SIGALRM, &old, nullptr);
-    expectTheSame(picture, decoded(large, false));
 }
 
 TEST_F(PictureChildTest, ASizeThatIsRefusedIsNotRead) {

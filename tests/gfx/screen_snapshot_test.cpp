@@ -95,13 +95,6 @@ TEST_F(SnapshotTest, IsNullWithoutMemory) {
     EXPECT_EQ(ScreenSnapshot(), nullptr);
 }
 
-TEST_F(SnapshotTest, IsNullWithoutMemoryToTurnItUpright) {
-    openScreen(640, 480, 1);
-    SdlMemory memory;
-    memory.refuse(640 * 480 * 4, 1);
-    EXPECT_EQ(ScreenSnapshot(), nullptr);
-}
-
 TEST_F(SnapshotTest, IsNullWithoutAScreen) {
     ScreenUninit();
     EXPECT_EQ(ScreenSnapshot(), nullptr);
