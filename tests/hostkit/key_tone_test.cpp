@@ -105,14 +105,6 @@ TEST_F(KitKeyToneTest, WithoutASoundDeviceThereIsNoTone) {
     hostkit::stopKeyTone();
 }
 
-TEST_F(KitKeyToneTest, WhereTheHostHasOpenedTheDeviceInAnotherFormatThereIsNoBuiltInTone) {
-    ASSERT_EQ(Mix_OpenAudio(44100, AUDIO_F32SYS, 2, 512), 0);
-    hostkit::startKeyTone();
-    EXPECT_EQ(gKeyChunk, nullptr);
-    hostkit::stopKeyTone();
-    Mix_CloseAudio();
-}
-
 TEST_F(KitKeyToneTest, FilesAreClosedAgain) {
     const auto openFiles = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});

@@ -50,7 +50,7 @@ TEST_F(SessionStartTest, ReadsWhatTheDeviceHas) {
 }
 
 TEST_F(SessionStartTest, AHostsOwnTableIsLeftToIt) {
-    int own = 0;
+    hostkit::KeyTable own;
     void* const kit = std::exchange(gShmInfo, &own);
     {
         const Session session;
