@@ -26,6 +26,7 @@ add_library(Kestro::hostkit ALIAS kestro-hostkit)
 set_target_properties(kestro-hostkit PROPERTIES EXPORT_NAME hostkit POSITION_INDEPENDENT_CODE ON)
 target_link_libraries(kestro-hostkit PUBLIC kestro rt PRIVATE $<BUILD_INTERFACE:kestro-options> $<BUILD_INTERFACE:kestro-hardening>
   $<BUILD_INTERFACE:kestro-coverage>)
+target_compile_options(kestro-hostkit PRIVATE ${KESTRO_COVERAGE_WITHOUT_EXCEPTIONS})
 
 # The library asks for the host's symbols only after the archive was searched: ask before. Mangled, as the linker
 # knows them.

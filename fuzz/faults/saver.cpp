@@ -8,6 +8,7 @@
 #include "navora/game_lists.h"
 #include "platform/device_path.h"
 #include "system/system_state.h"
+#include "tests/support/plain_window.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -22,18 +23,6 @@ namespace {
 
 constexpr int oldValue = 3;
 constexpr int newValue = 4;
-
-class SavedWindow : public KestroWindow {
-public:
-    explicit SavedWindow(int kind) : KestroWindow(-1, kind) {}
-    int eventHandling() override { return 0; }
-    int draw() override { return 0; }
-    void quit() override {}
-    void init() override {}
-    void saveState(cJSON*) override {}
-    int queryInt() override { return 0; }
-    void update() override {}
-};
 
 std::string stateFile() {
     return std::string(kestro::DevicePath("/mnt/UDISK/windows.json"));
@@ -89,7 +78,7 @@ const std::map<std::string, Kind> kinds{
       loadedVolume}},
     {"window-state",
      {[](int value) {
-          SavedWindow window(value);
+          PlainWindow window(-1, value);
           std::vector<KestroWindow*> windows{&window};
           begin();
           saveWindowsState(windows, stateFile().c_str());

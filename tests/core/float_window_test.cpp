@@ -6,6 +6,7 @@
 #include "support/input_events.h"
 #include "support/noted_surface.h"
 #include "support/open_dialog.h"
+#include "support/sdl_memory.h"
 #include "support/skinned_test.h"
 #include "support/surfaces.h"
 #include "support/texture_names.h"
@@ -192,6 +193,15 @@ TEST_F(FloatWindowTest, OnARotatedScreenThePageLooksAsItDidBefore) {
                 wrong += pixelOf(after.get(), x, y) != pixelOf(before.get(), x, y);
         ASSERT_EQ(wrong, 0);
     }
+}
+
+TEST_F(FloatWindowTest, OnARotatedScreenWithoutMemoryToTurnThePageThereIsNone) {
+    openScreen(640, 480, 1);
+    OpenFloat window(-1);
+    SdlMemory memory;
+    memory.refuse(640 * 480 * 4, 2); // but for the frame and its texture
+    window.init();
+    EXPECT_EQ(window.snapshot, nullptr);
 }
 
 TEST_F(FloatWindowTest, OnARotatedScreenOfOddSizesItReadsNothingBeyondTheFrame) {

@@ -51,6 +51,14 @@ TEST_F(StackChangingTest, WindowPushedByAHandlerOfNegativeTypeIsClosedOnLeaving)
     EXPECT_EQ(takeCalls(), drawn("a") + "a.eventHandling b.quit b.deleted a.quit a.deleted");
 }
 
+TEST_F(StackChangingTest, LastWindowTakenAwayWhileItIsDrawnGetsNoInputAndEndsTheLoop) {
+    RecordedWindow* const a = addWindow("a");
+    a->onDraw = [this, a] { takeOff(a); };
+    EXPECT_EQ(run(), freed({}));
+    EXPECT_EQ(takeCalls() + " ", drawn("a"));
+    delete a;
+}
+
 TEST_F(StackChangingTest, FirstInputOfAFrameGoesToTheWindowThatWasDrawn) {
     RecordedWindow* const a = addWindow("a");
     a->onInput = answers({25});

@@ -249,6 +249,20 @@ TEST_F(NavoraSettingsTest, EveryPartHasAPageOfItsOwn) {
     }
 }
 
+TEST_F(NavoraSettingsTest, SoundTheTimeToDimAndTheTimeZoneAreKept) {
+    settingsShot("down,down,down,a,left,left,down,a");
+    EXPECT_EQ(saved("vol"), "12");
+    EXPECT_EQ(saved("enablekeytone"), "0");
+    const Picture never = settingsShot("down,down,a,up,left,left,left,left,left,left,left,left,left,left");
+    EXPECT_EQ(saved("dimtime"), "0");
+    constexpr SDL_Rect value{720, layout::list.y + 4 * layout::rowHeight, 520, layout::rowHeight};
+    EXPECT_NE(never.part(value), settingsShot("down,down,a,up,right").part(value));
+    EXPECT_EQ(saved("dimtime"), "30");
+    const std::string zone = saved("timezone");
+    settingsShot(std::string(sClockForm) + "down,right");
+    EXPECT_NE(saved("timezone"), zone);
+}
+
 TEST_F(NavoraSettingsTest, OnlyWhatLeadsFurtherCanBeOpened) {
     const Picture value = settingsShot("down");
     const Picture link = settingsShot("down,down");

@@ -3,7 +3,10 @@
 #include "gfx/surface.h"
 #include "support/drawing_log.h"
 #include "support/screen_test.h"
+#include "support/sdl_memory.h"
 #include "support/surfaces.h"
+
+#include <filesystem>
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -167,6 +170,15 @@ TEST_F(RenderDumpTest, OfATargetHasTheSizeOfTheWindow) {
     EXPECT_EQ(pixelOf(dump.get(), 100, 79), 0u);
     EXPECT_EQ(pixelOf(dump.get(), 99, 80), 0u);
     EXPECT_EQ(SDL_GetRenderTarget(gRenderer), nullptr);
+}
+
+TEST_F(RenderDumpTest, WithoutMemoryThereIsNoneAndThePictureIsDrawn) {
+    SetRenderTarget(target.get());
+    SdlMemory memory;
+    memory.refuse(640 * 480 * 4);
+    EXPECT_EQ(picture->render(nullptr, nullptr, false, "dump.bmp"), 0);
+    EXPECT_THAT(drawn.take(), testing::Contains(testing::StartsWith("copy all -> all")));
+    EXPECT_FALSE(std::filesystem::exists("dump.bmp"));
 }
 
 TEST_F(RenderDumpTest, OfATargetLargerThanTheWindowIsItsTopLeft) {

@@ -117,6 +117,14 @@ TEST(NearestScaleTest, ExactForAllStepsUpToTheLastColumnBeforeTheWrap) {
     }
 }
 
+TEST(NearestScaleTest, StepThatIsCutOffToHalfAPixelIsExactForAnOddWidth) {
+    const Pixels pixels = numbered(16385, 1);
+    GuardedPixels<unsigned int> source(pixels);
+    GuardedPixels<unsigned int> target(32769, untouched);
+    bitmap_scale(0, 0, 16385, 1, 32769, 1, 16385, 0, source.data(), target.data());
+    ASSERT_EQ(target.copy(), plainlyScaled(pixels, 0, 0, 16385, 1, 32769, 1, 16385, 0));
+}
+
 TEST(NearestScaleTest, OutputRowsThatOverlapAreWrittenOneAfterTheOther) {
     GuardedPixels<unsigned int> source({1, 2, 3, 4});
     GuardedPixels<unsigned int> target(3 + 4, untouched);

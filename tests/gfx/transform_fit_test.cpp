@@ -56,6 +56,11 @@ TEST(ScaledSizeTest, BoxOrPictureWithoutAreaGivesZero) {
     EXPECT_EQ(fitted(0, 0, 0, 0), "0x0 -> 0");
 }
 
+TEST(ScaledSizeTest, NegativeSizesGiveZero) {
+    EXPECT_EQ(fitted(-100, -50, 200, 200), "0x0 -> 0");
+    EXPECT_EQ(fitted(100, 50, -200, -200), "0x0 -> 0");
+}
+
 TEST(ScaledSizeTest, PictureWithOneSideFillsTheBoxWithIt) {
     EXPECT_EQ(fitted(0, 50, 200, 100), "0x100 -> 100");
     EXPECT_EQ(fitted(50, 0, 200, 100), "200x0 -> 0");

@@ -137,12 +137,14 @@ TEST_F(ScaleSurfaceTest, UnusableSizeIsNull) {
 
 TEST_F(ScaleSurfaceTest, NoMemoryForTargetOrTextureIsNullAndLosesNothing) {
     const KestroSurfacePtr picture = pictureOf(1, 1, {red});
+    const KestroSurfacePtr shallow = pictureIn(SDL_PIXELFORMAT_RGB24, 1, 1);
     const int allocations = SDL_GetNumAllocations();
-    for (const int granted : {0, 1}) {
-        SdlMemory memory;
-        memory.refuse(100 * 100 * 4, granted);
-        EXPECT_FALSE(scaled(picture, 100, 100)) << granted;
-    }
+    for (const KestroSurfacePtr* const source : {&picture, &shallow})
+        for (const int granted : {0, 1}) {
+            SdlMemory memory;
+            memory.refuse(100 * 100 * 4, granted);
+            EXPECT_FALSE(scaled(*source, 100, 100)) << granted;
+        }
     EXPECT_EQ(SDL_GetNumAllocations(), allocations);
 }
 

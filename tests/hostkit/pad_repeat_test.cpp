@@ -1,9 +1,7 @@
 #include "core/host.h"
 #include "core/input.h"
 #include "core/window_stack.h"
-#include "hostkit/pads.h"
-#include "support/known_pad.h"
-#include "support/window_test.h"
+#include "support/pad_window_test.h"
 
 #include <SDL.h>
 
@@ -13,19 +11,11 @@
 #include <vector>
 
 /// A window reads a pad while the key-repeat thread runs.
-class PadRepeatTest : public WindowTest {
+class PadRepeatTest : public PadWindowTest {
 protected:
-    void SetUp() override {
-        WindowTest::SetUp();
-        SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-        ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_GAMECONTROLLER), 0) << SDL_GetError();
-        hostkit::openPads();
-    }
-
     void TearDown() override {
         mPad.reset();
-        hostkit::closePads();
-        WindowTest::TearDown();
+        PadWindowTest::TearDown();
     }
 
     /// A pad that is plugged in, and reports itself like this; "" is one that is not known.

@@ -1,12 +1,10 @@
 #include "core/host.h"
 #include "core/input.h"
 #include "core/window_stack.h"
-#include "hostkit/pads.h"
 #include "support/input_events.h"
-#include "support/known_pad.h"
 #include "support/long_run.h"
+#include "support/pad_window_test.h"
 #include "support/threads.h"
-#include "support/window_test.h"
 
 #include <SDL.h>
 
@@ -17,20 +15,8 @@
 #include <vector>
 
 /// Pads that are plugged in and out all day, one for each run of the window loop.
-class PadStormTest : public WindowTest {
+class PadStormTest : public PadWindowTest {
 protected:
-    void SetUp() override {
-        WindowTest::SetUp();
-        SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
-        ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_GAMECONTROLLER), 0) << SDL_GetError();
-        hostkit::openPads();
-    }
-
-    void TearDown() override {
-        hostkit::closePads();
-        WindowTest::TearDown();
-    }
-
     static long openFiles() {
         const std::filesystem::directory_iterator files("/proc/self/fd");
         return std::distance(begin(files), end(files));

@@ -64,3 +64,11 @@ TEST_F(RotationTest, WithoutAScreenNothingIsRotated) {
     ScreenUninit();
     EXPECT_FALSE(hostkit::screenIsRotated());
 }
+
+TEST_F(RotationTest, WithoutADisplayThereIsNoScreenAnyMore) {
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    setenv("SDL_VIDEODRIVER", "nonsense", 1);
+    EXPECT_FALSE(hostkit::rotateScreen(true));
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    takeLog();
+}

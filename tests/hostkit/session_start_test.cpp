@@ -15,6 +15,7 @@
 #include <SDL_image.h>
 
 #include <filesystem>
+#include <utility>
 
 using hostkit::Session;
 using hostkit::SessionOptions;
@@ -46,6 +47,16 @@ TEST_F(SessionStartTest, ReadsWhatTheDeviceHas) {
         const Session session;
         EXPECT_EQ(isBluetoothEanbled(), has);
     }
+}
+
+TEST_F(SessionStartTest, AHostsOwnTableIsLeftToIt) {
+    hostkit::KeyTable own;
+    void* const kit = std::exchange(gShmInfo, &own);
+    {
+        const Session session;
+        EXPECT_EQ(hostkit::gKeyTable.state(), hostkit::KeyTable::State::closed);
+    }
+    gShmInfo = kit;
 }
 
 TEST_F(SessionStartTest, WithoutASoundDeviceItIsSilent) {

@@ -28,6 +28,18 @@ TEST_F(DrawerDrawTest, DrawsBackgroundNumberAndLabelOfEachRow) {
                                      label("Gamma", 95, 272 + labelOffset(96))));
 }
 
+TEST_F(DrawerDrawTest, RowsOfAHostsOwnClassAreAskedForTheirLabel) {
+    class OwnRow : public TextMenuItem {
+    public:
+        OwnRow() : TextMenuItem("Beta", nullptr, nullptr, false) {}
+        std::string getLabel() override { return "Own"; }
+    };
+    open({"Alpha"});
+    menu->insertItem(static_cast<TextMenuItemProvider*>(new OwnRow));
+    takeLog();
+    EXPECT_EQ(drawn(*menu).back(), label("Own", 95, 176 + labelOffset(96)));
+}
+
 TEST_F(DrawerDrawTest, RowsStandGapsApartInTheArea) {
     open({"Alpha", "Beta"}, 6, 10);
     SDL_Rect rect{100, 50, 800, 400};

@@ -216,6 +216,27 @@ TEST_F(JournalTest, CopyStaysWhenTheFileCannotBeOpened) {
     EXPECT_TRUE(fs::exists(copyPath()));
 }
 
+TEST_F(JournalTest, CopyThatIsAllThereIsStaysUsableWhenTheFileCannotBeOpened) {
+    writeCopy(R"({"vol": 9})");
+    {
+        OpenedPaths paths;
+        paths.refuse(statePath());
+        saveVolume(4);
+    }
+    EXPECT_EQ(volumeAfterRestart(), 4);
+    EXPECT_THAT(takeLog(), testing::EndsWith(tookCopy()));
+}
+
+TEST_F(JournalTest, SavesWhereTheFolderCannotBeOpenedToSyncIt) {
+    DurabilityLog log;
+    OpenedPaths paths;
+    paths.refuse(statePath().substr(0, statePath().rfind('/') + 1));
+    saveVolume(4);
+    EXPECT_THAT(log.take(), testing::Not(testing::Contains("fsync UDISK")));
+    EXPECT_FALSE(fs::exists(copyPath()));
+    EXPECT_EQ(volumeAfterRestart(), 4);
+}
+
 TEST_F(JournalTest, NextSaveRemovesACopyThatWasLeft) {
     writeState("{");
     writeCopy(R"({"vol": 9})");

@@ -59,6 +59,23 @@ TEST_F(SaveWithoutMemoryTest, AnywhereLeavesTheFileEmptyOrWithoutOneKey) {
     EXPECT_GT(empty, 6u);
 }
 
+TEST_F(SaveWithoutMemoryTest, AnywhereWithTheJournalLeavesTheOldFileOrAllKeys) {
+    setSettingsJournal(true);
+    const std::string whole = formatted(everything());
+    int kept = 0;
+    for (bool failed = true; failed;) {
+        writeState("old");
+        {
+            const FailingJsonMemory memory(++kept);
+            saveSystemState(&gTestHost, "/themes/dark/");
+            failed = memory.failed();
+        }
+        EXPECT_THAT(readState(), testing::AnyOf("old", whole)) << kept;
+    }
+    EXPECT_GT(kept, 70); // a name and a value for each key
+    EXPECT_EQ(readState(), whole);
+}
+
 TEST_F(SaveWithoutMemoryTest, LeavesAnEmptyFileThatLoadsAsTheDefaults) {
     {
         const FailingJsonMemory memory(2, sizeof(cJSON));
