@@ -66,6 +66,8 @@ TEST_F(RotationTest, WithoutAScreenNothingIsRotated) {
 }
 
 TEST_F(RotationTest, WithoutADisplayThereIsNoScreenAnyMore) {
+    uninit_shared_skin();
+    ScreenUninit();
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
     setenv("SDL_VIDEODRIVER", "nonsense", 1);
     EXPECT_FALSE(hostkit::rotateScreen(true));
