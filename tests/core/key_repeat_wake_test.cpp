@@ -1,39 +1,36 @@
-#include "support/real_function.h"
 #include "support/repeat_test.h"
-
-#include <atomic>
-
-static std::atomic<int> sSignals{0};
-
-extern "C" int SDL_CondSignal(SDL_cond* cond) {
-    static const auto real = REAL_FUNCTION(SDL_CondSignal);
-    ++sSignals;
-    return real(cond);
-}
+#include "support/sent_signals.h"
 
 /// When the key-repeat thread is woken before its time.
-class RepeatWakeTest : public RepeatTest {};
+class RepeatWakeTest : public RepeatTest {
+protected:
+    void startCounting() { mBefore = sentSignals(); }
+    unsigned counted() const { return sentSignals() - mBefore; }
+
+private:
+    unsigned mBefore = 0;
+};
 
 TEST_F(RepeatWakeTest, ClearingWakesTheThread) {
     whileRunning([&] {
-        sSignals = 0;
+        startCounting();
         clearRepeatTime();
         EXPECT_EQ(takeLog(), "clear repeat time\n");
-        EXPECT_EQ(sSignals, 1);
+        EXPECT_EQ(counted(), 1U);
     });
 }
 
 TEST_F(RepeatWakeTest, PressingWakesTheThread) {
     whileRunning([&] {
-        sSignals = 0;
+        startCounting();
         setRepeatTime(5);
-        EXPECT_EQ(sSignals, 1);
+        EXPECT_EQ(counted(), 1U);
         clearRepeatTime();
         takeLog();
     });
 }
 
 TEST_F(RepeatWakeTest, EndOfTheRunWakesTheThread) {
-    whileRunning([&] { sSignals = 0; });
-    EXPECT_EQ(sSignals, 1);
+    whileRunning([&] { startCounting(); });
+    EXPECT_EQ(counted(), 1U);
 }

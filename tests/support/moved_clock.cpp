@@ -2,8 +2,7 @@
 
 #include "support/fake_clock.h"
 #include "support/real_function.h"
-
-#include <SDL_mutex.h>
+#include "support/sent_signals.h"
 
 #include <atomic>
 #include <cerrno>
@@ -13,7 +12,6 @@
 static constexpr int64_t nanosecondsPerSecond = 1'000'000'000;
 static std::atomic<bool> sActive{false};
 static std::atomic<int64_t> sOffset{0}; // nanoseconds
-static std::atomic<unsigned> sSignals{0};
 
 static int64_t nanosecondsOf(const timespec& time) {
     return time.tv_sec * nanosecondsPerSecond + time.tv_nsec;
@@ -31,19 +29,12 @@ extern "C" int clock_gettime(clockid_t clock, timespec* time) noexcept {
     return status;
 }
 
-/// Counted before it is sent: the wait below may be between two of its slices.
-extern "C" int SDL_CondSignal(SDL_cond* condition) {
-    static const auto real = REAL_FUNCTION(SDL_CondSignal);
-    ++sSignals;
-    return real(condition);
-}
-
 /// The kernel ends such a wait by the wall clock, wherever that has been set meanwhile.
 extern "C" int pthread_cond_timedwait(pthread_cond_t* condition, pthread_mutex_t* mutex,
                                       const timespec* end) {
     static const auto real = REAL_FUNCTION(pthread_cond_timedwait);
     constexpr int64_t slice = 2'000'000;
-    const unsigned signals = sSignals;
+    const unsigned signals = sentSignals();
     while (sActive) {
         timespec now{};
         clock_gettime(CLOCK_REALTIME, &now);
@@ -54,7 +45,7 @@ extern "C" int pthread_cond_timedwait(pthread_cond_t* condition, pthread_mutex_t
         const int status = real(condition, mutex, &soon);
         if (status != ETIMEDOUT)
             return status;
-        if (sSignals != signals) // who signals holds the mutex, as this does between two slices
+        if (sentSignals() != signals) // who signals holds the mutex, as this does between two slices
             return 0;
     }
     return real(condition, mutex, end);
