@@ -175,7 +175,7 @@ static void reportDescent(const std::string& operation, hostkit::MenuWindow& win
     long waited = 0;
     for (const Frames& pass : passes)
         waited += pass.waits;
-    bench::report(operation + ", times that the main thread waits", "number of frames",
+    bench::report(operation + ", waits for pictures", "frames",
                   static_cast<double>(waited) / static_cast<double>(frames.size() * passes.size()), 0.01);
 }
 
