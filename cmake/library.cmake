@@ -109,6 +109,7 @@ set_target_properties(kestro PROPERTIES
   VERSION ${PROJECT_VERSION}
   SOVERSION ${PROJECT_VERSION_MAJOR}
   LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/hidden-symbols.map)
+target_compile_features(kestro PUBLIC cxx_std_17)
 target_include_directories(kestro PUBLIC
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
   $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/kestro>)

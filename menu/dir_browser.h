@@ -63,7 +63,7 @@ private:
 
     std::vector<std::string> mStack; // the base first, the current folder last
     std::vector<CachedDir> mCache;   // used last first
-    bool (*mFilter)(const char*, const char*);
+    [[maybe_unused]] bool (*mFilter)(const char*, const char*);
     TextMenuItem* (*mFactory)(const char*, const char*, int);
 
     KESTRO_HIDDEN std::vector<void*>* readDir(const std::string& path, const std::string& cachedAs,

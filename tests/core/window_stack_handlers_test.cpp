@@ -53,7 +53,7 @@ TEST_F(StackChangingTest, WindowPushedByAHandlerOfNegativeTypeIsClosedOnLeaving)
 
 TEST_F(StackChangingTest, LastWindowTakenAwayWhileItIsDrawnGetsNoInputAndEndsTheLoop) {
     RecordedWindow* const a = addWindow("a");
-    a->onDraw = [this, a] { takeOff(a); };
+    a->onDraw = [a] { takeOff(a); };
     EXPECT_EQ(run(), freed({}));
     EXPECT_EQ(takeCalls() + " ", drawn("a"));
     delete a;

@@ -54,7 +54,7 @@ protected:
 };
 
 using PixelTypes = testing::Types<uint32_t, uint16_t>;
-TYPED_TEST_SUITE(ErrorTermScaleTest, PixelTypes);
+TYPED_TEST_SUITE(ErrorTermScaleTest, PixelTypes, );
 
 TYPED_TEST(ErrorTermScaleTest, EveryBitIsThatOfThePlainArithmetic) {
     std::mt19937 random(1);

@@ -164,8 +164,8 @@ TEST_F(TextMenuTest, UniqueInsertionPassesOverRowsOfOtherKinds) {
 }
 
 TEST_F(TextMenuTest, RemovesAndDeletesOneRow) {
-    const std::unique_ptr<OpenTextMenu> menu(newMenu());
     int alive = 0;
+    const std::unique_ptr<OpenTextMenu> menu(newMenu());
     for (const char* const label : {"a", "b", "c"})
         menu->insertItem(static_cast<TextMenuItemProvider*>(new CountedRow(alive, label)));
     static_cast<ListMenu&>(*menu).removeItem(1);

@@ -27,7 +27,7 @@ static std::string shownFlags(Uint32 flags) {
         words += " accelerated";
     if (flags & SDL_RENDERER_PRESENTVSYNC)
         words += " vsync";
-    if (flags & ~(SDL_RENDERER_ACCELERATED | SDL_RENDERER_PRESENTVSYNC))
+    if (flags & ~uint32_t{SDL_RENDERER_ACCELERATED | SDL_RENDERER_PRESENTVSYNC})
         words += " more";
     return words;
 }
