@@ -23,6 +23,11 @@ void pressKey(SDL_Scancode key) {
     pushKey(key, SDL_KEYUP);
 }
 
+static bool endsIn(const std::string& path, const char* ending) {
+    const size_t length = SDL_strlen(ending);
+    return path.size() >= length && SDL_strcasecmp(path.c_str() + path.size() - length, ending) == 0;
+}
+
 bool saveScreenPicture(const std::string& path) {
     std::unique_ptr<KestroSurface> picture(ScreenSnapshot());
     if (picture && picture->getHeight() > picture->getWidth()) // on a display that is mounted on its side
@@ -30,7 +35,10 @@ bool saveScreenPicture(const std::string& path) {
     const auto* const copy = dynamic_cast<SDL2KestroSurface*>(picture.get());
     SDL_Surface* const opaque =
         copy ? SDL_ConvertSurfaceFormat(copy->getSurface(), SDL_PIXELFORMAT_RGB24, 0) : nullptr;
-    const bool saved = opaque && IMG_SavePNG(opaque, path.c_str()) == 0;
+    const auto save = [&] {
+        return endsIn(path, ".bmp") ? SDL_SaveBMP(opaque, path.c_str()) : IMG_SavePNG(opaque, path.c_str());
+    };
+    const bool saved = opaque && save() == 0;
     SDL_FreeSurface(opaque);
     return saved;
 }

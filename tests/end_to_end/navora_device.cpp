@@ -242,7 +242,7 @@ TEST_F(NavoraDeviceTest, SettingsThatAreNoneStayAsTheyAre) {
 
 TEST_F(NavoraDeviceTest, OnARealDeviceOrTheUsersOwnThereIsNoPanelAndNoKey) {
     const auto real = [&](const std::string& keys, const std::vector<std::string>& options = {}) {
-        std::vector<std::string> command{NAVORA, "--shot", mResults.path("real.png"), "--keys", keys};
+        std::vector<std::string> command{NAVORA, "--shot", mResults.path("real.bmp"), "--keys", keys};
         command.insert(command.end(), options.begin(), options.end());
         const std::vector<std::string> environment{"KESTRO_DEVICE_ROOT=",
                                                    "XDG_DATA_HOME=" + mResults.path("data")};
@@ -251,10 +251,10 @@ TEST_F(NavoraDeviceTest, OnARealDeviceOrTheUsersOwnThereIsNoPanelAndNoKey) {
         return launcher;
     };
     real("f12");
-    const Picture plain = readPicture(mResults.path("real.png"));
+    const Picture plain = readPicture(mResults.path("real.bmp"));
     ASSERT_EQ(plain.width, 1280);
     real("f1,f2,f4,f9,f10,f11");
-    EXPECT_EQ(readPicture(mResults.path("real.png")).without(layout::clock), plain.without(layout::clock));
+    EXPECT_EQ(readPicture(mResults.path("real.bmp")).without(layout::clock), plain.without(layout::clock));
     const auto refused = real("", {"--device-panel"});
     EXPECT_EQ(refused->wait(), 2);
     EXPECT_EQ(refused->errors(), "navora: --device-panel needs --device-root; navora --help tells more\n");

@@ -16,13 +16,13 @@ protected:
 
     Outcome run(const std::string& keys, std::vector<std::string> environment) {
         environment.emplace_back("KESTRO_DEVICE_ROOT=");
-        Process navora({NAVORA, "--shot", mResults.path("page.png"), "--keys", keys, mFolder.path()},
+        Process navora({NAVORA, "--shot", mResults.path("page.bmp"), "--keys", keys, mFolder.path()},
                        environment, "");
         const int exitCode = navora.wait();
         return {exitCode, navora.output(), navora.errors()};
     }
 
-    Picture page() const { return readPicture(mResults.path("page.png")).without(layout::clock); }
+    Picture page() const { return readPicture(mResults.path("page.bmp")).without(layout::clock); }
 
     static std::string contentOf(const std::string& path) {
         std::ostringstream content;

@@ -142,7 +142,7 @@ TEST_F(NavoraGameMenuTest, AMalformedFileOfListsIsToldAndTheLauncherRuns) {
     mDevice.addFolder("mnt/UDISK/navora");
     mDevice.addFile("mnt/UDISK/navora/games.json", "{");
     const Outcome run = runNavora({"--device-root", mDevice.path(), "--keys", "down,a", "--shot",
-                                   mResults.path("page.png"), mFolder.path()});
+                                   mResults.path("page.bmp"), mFolder.path()});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "navora: " + mDevice.path("mnt/UDISK/navora/games.json") +
                               ": not JSON at line 1, column 2; it is not used\n");

@@ -44,7 +44,7 @@ protected:
 
     /// What the launcher opens with by itself.
     Picture opened() {
-        const std::string file = mResults.path("opened.png");
+        const std::string file = mResults.path("opened.bmp");
         const Outcome run = runNavora({"--shot", file, "--device-root", mDevice.path(), mFolder.path()});
         EXPECT_EQ(run.exitCode, 0);
         EXPECT_EQ(run.errors, "");
@@ -76,7 +76,7 @@ TEST_F(NavoraPlaceTest, IsThatOfTheFolderThatIsShown) {
     setScript("touch $1/started; exec sleep 60");
     runAndEnd(std::string(sDeep) + ",a");
     SampleFolder other;
-    const std::string file = mResults.path("other.png");
+    const std::string file = mResults.path("other.bmp");
     EXPECT_EQ(runNavora({"--shot", file, "--device-root", mDevice.path(), other.path()}).exitCode, 0);
     EXPECT_EQ(readPicture(file).without(layout::clock), home());
 }
@@ -261,7 +261,7 @@ TEST_F(NavoraLoadingTest, IsSaidWhileALargeFolderIsRead) {
     constexpr SDL_Rect elsewhere{20, 600, 1240, 40}; // the last row, were it there
     const Picture bare = [] {
         SampleFolder empty;
-        const std::string file = empty.path("a.png");
+        const std::string file = empty.path("a.bmp");
         SampleFolder games;
         runNavora({"--shot", file, "--keys", "a", games.path()});
         return readPicture(file);

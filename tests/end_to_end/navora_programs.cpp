@@ -95,7 +95,7 @@ TEST_F(NavoraProgramsTest, NothingButOutputIsHandedOn) {
     mFolder.addFile("a.rom");
     setPrograms(R"("rom": "ls -l /proc/self/fd %f")");
     const Outcome run = runNavora(
-        {"--shot", mResults.path("a.png"), "--keys", "a,a", "--device-root", mDevice.path(), mFolder.path()});
+        {"--shot", mResults.path("a.bmp"), "--keys", "a,a", "--device-root", mDevice.path(), mFolder.path()});
     EXPECT_THAT(run.output, HasSubstr(" 0 -> /dev/null\n"));
     EXPECT_THAT(run.output, HasSubstr(" 2 -> "));
     EXPECT_THAT(run.output, HasSubstr(" 3 -> /proc/")); // the folder that ls itself reads
@@ -154,17 +154,17 @@ TEST_F(NavoraProgramsTest, AMalformedFileIsToldAndTheShippedOneIsUsed) {
     mFolder.addFile("a.nes");
     const std::string file = mDevice.path("mnt/UDISK/navora/navora.json");
     mDevice.addFile("mnt/UDISK/navora/navora.json", "{\n  \"programs\": {\"nes\": }\n}");
-    const std::vector<std::string> arguments{"--shot",        mResults.path("a.png"), "--keys",      "a,a",
+    const std::vector<std::string> arguments{"--shot",        mResults.path("a.bmp"), "--keys",      "a,a",
                                              "--device-root", mDevice.path(),         mFolder.path()};
     const Outcome run = runNavora(arguments, {"PATH=/no/such/folder"});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "navora: " + file + ": line 2, column 23: this is no JSON\n");
     SampleFolder otherDevice;
     otherDevice.addFolder("mnt/UDISK");
-    const std::vector<std::string> shipped{"--shot",        mResults.path("b.png"), "--keys",      "a,a",
+    const std::vector<std::string> shipped{"--shot",        mResults.path("b.bmp"), "--keys",      "a,a",
                                            "--device-root", otherDevice.path(),     mFolder.path()};
     EXPECT_EQ(runNavora(shipped, {"PATH=/no/such/folder"}).errors, "");
-    EXPECT_EQ(readPicture(mResults.path("a.png")), readPicture(mResults.path("b.png")));
+    EXPECT_EQ(readPicture(mResults.path("a.bmp")), readPicture(mResults.path("b.bmp")));
 }
 
 TEST_F(NavoraProgramsTest, TheUsersOwnFoldersAreLookedInToo) {
@@ -175,7 +175,7 @@ TEST_F(NavoraProgramsTest, TheUsersOwnFoldersAreLookedInToo) {
                                      R"( > $1", "%f", ")" + mResults.path("mark") + "\"]}}";
         home.addFolder(folder);
         home.addFile(folder + "/navora.json", programs);
-        Process({NAVORA, "--shot", mResults.path("a.png"), "--keys", "a,a", mFolder.path()},
+        Process({NAVORA, "--shot", mResults.path("a.bmp"), "--keys", "a,a", mFolder.path()},
                 {"KESTRO_DEVICE_ROOT=", "XDG_CONFIG_HOME=" + home.path("config"),
                  "XDG_DATA_HOME=" + home.path("data")},
                 "")

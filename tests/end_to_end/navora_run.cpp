@@ -25,7 +25,7 @@ Picture NavoraTest::shot(const std::string& folder, const std::string& keys,
 
 Picture NavoraTest::timedShot(const std::string& folder, const std::string& keys,
                               const std::vector<std::string>& moreOptions) {
-    const std::string file = mResults.path("page.png");
+    const std::string file = mResults.path("page.bmp");
     std::vector<std::string> arguments{"--shot", file, "--keys", keys};
     arguments.insert(arguments.end(), moreOptions.begin(), moreOptions.end());
     arguments.push_back(folder);

@@ -30,7 +30,7 @@ TEST_F(NavoraShotTest, OnesOnTheWayAreThoseOfTheirKeys) {
               shot(sample, "a,down,down,down,down"));
     const Picture list = shot(sample, "a,down,down,down"); // which leaves the others
     const auto page = [&](int number) {
-        return readPicture(mResults.path("page-" + std::to_string(number) + ".png")).without(layout::clock);
+        return readPicture(mResults.path("page-" + std::to_string(number) + ".bmp")).without(layout::clock);
     };
     EXPECT_EQ(page(2), list);
     EXPECT_EQ(page(4), list);

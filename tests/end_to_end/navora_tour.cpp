@@ -73,7 +73,7 @@ protected:
         std::string keys; // none lead to the first page
         for (size_t i = 1; i < std::size(sPages); ++i)
             keys += std::string(i == 1 ? "" : ",") + navora::pictureKey + "," + sPages[i].keys;
-        const std::string file = mResults.path("tour.png");
+        const std::string file = mResults.path("tour.bmp");
         std::vector<std::string> arguments{"--shot", file, "--keys", keys, "--device-root", mDevice.path()};
         arguments.insert(arguments.end(), options.begin(), options.end());
         arguments.push_back(mFolder.path("Games"));
@@ -82,7 +82,7 @@ protected:
         EXPECT_EQ(run.errors, "");
         std::vector<Picture> pages;
         for (size_t i = 1; i < std::size(sPages); ++i)
-            pages.push_back(readPicture(mResults.path("tour-" + std::to_string(i) + ".png")));
+            pages.push_back(readPicture(mResults.path("tour-" + std::to_string(i) + ".bmp")));
         pages.push_back(readPicture(file));
         return pages;
     }

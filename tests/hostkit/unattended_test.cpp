@@ -41,6 +41,21 @@ TEST_F(UnattendedTest, PictureIsWhatTheScreenShows) {
     expectHalves("page.png");
 }
 
+TEST_F(UnattendedTest, PictureIsABmpWhereItsNameEndsSo) {
+    drawHalves();
+    for (const char* const name : {"page.bmp", "page.BMP"}) {
+        ASSERT_TRUE(hostkit::saveScreenPicture(name));
+        std::string magic(2, ' ');
+        std::ifstream(name).read(&magic[0], 2);
+        EXPECT_EQ(magic, "BM");
+        expectHalves(name);
+    }
+    ASSERT_TRUE(hostkit::saveScreenPicture("bmp"));
+    std::string magic(4, ' ');
+    std::ifstream("bmp").read(&magic[0], 4);
+    EXPECT_EQ(magic, "\x89PNG");
+}
+
 TEST_F(UnattendedTest, PictureOfADisplayOnItsSideIsUpright) {
     openScreen(640, 480, 1);
     drawHalves();
