@@ -22,6 +22,7 @@ add_library(kestro-hostkit STATIC
   hostkit/theme.cpp
   hostkit/theme_path.cpp
   hostkit/unattended.cpp)
+kestro_precompile(kestro-hostkit)
 add_library(Kestro::hostkit ALIAS kestro-hostkit)
 set_target_properties(kestro-hostkit PROPERTIES EXPORT_NAME hostkit POSITION_INDEPENDENT_CODE ON)
 target_link_libraries(kestro-hostkit PUBLIC kestro rt PRIVATE $<BUILD_INTERFACE:kestro-options> $<BUILD_INTERFACE:kestro-hardening>

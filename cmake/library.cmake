@@ -91,6 +91,8 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64|amd64)$")
   set_source_files_properties(gfx/scale_avx512.cpp PROPERTIES COMPILE_OPTIONS
     "-mavx2;-mfma;-mavx512f;-mavx512bw;-mavx512vl;$<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>") # its own header's
 endif()
+set_source_files_properties(gfx/scale_avx2.cpp gfx/scale_avx512.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+kestro_precompile(kestro-objects)
 set_target_properties(kestro-objects PROPERTIES
   POSITION_INDEPENDENT_CODE ON
   CXX_VISIBILITY_PRESET hidden
