@@ -9,7 +9,7 @@ struct ClockAtLoad {
     const char* zone = getTimeZone();
     int syncTime = getSyncTimeFromNetworkFlag(), clock24 = get24HourClockFlag();
 };
-const ClockAtLoad sAtLoad;
+const ClockAtLoad sClockAtLoad;
 
 class ClockSettingsTest : public SettingsTest {
 protected:
@@ -22,9 +22,9 @@ protected:
 } // namespace
 
 TEST(ClockSettings, AreNetworkTimeIn24HoursWithoutAZoneAtLoad) {
-    EXPECT_EQ(sAtLoad.zone, nullptr);
-    EXPECT_EQ(sAtLoad.syncTime, 1);
-    EXPECT_EQ(sAtLoad.clock24, 1);
+    EXPECT_EQ(sClockAtLoad.zone, nullptr);
+    EXPECT_EQ(sClockAtLoad.syncTime, 1);
+    EXPECT_EQ(sClockAtLoad.clock24, 1);
 }
 
 TEST_F(ClockSettingsTest, ZoneNameIsStoredAsItIs) {

@@ -14,7 +14,7 @@ struct FeaturesAtLoad {
     int bluetooth = isBluetoothEanbled(), suspend = isSuspendEnabled(),
         batteryTemperature = isBatteryTempEnabled();
 };
-const FeaturesAtLoad sAtLoad;
+const FeaturesAtLoad sFeaturesAtLoad;
 
 class FeaturesTest : public SettingsTest {
 protected:
@@ -37,9 +37,9 @@ protected:
 } // namespace
 
 TEST(Features, AreSuspendOnlyAtLoad) {
-    EXPECT_EQ(sAtLoad.bluetooth, 0);
-    EXPECT_EQ(sAtLoad.suspend, 1);
-    EXPECT_EQ(sAtLoad.batteryTemperature, 0);
+    EXPECT_EQ(sFeaturesAtLoad.bluetooth, 0);
+    EXPECT_EQ(sFeaturesAtLoad.suspend, 1);
+    EXPECT_EQ(sFeaturesAtLoad.batteryTemperature, 0);
 }
 
 TEST_F(FeaturesTest, AreTakenAsTheFileGivesThem) {

@@ -18,7 +18,7 @@ struct FlagsAtLoad {
         keyTone = gEnableKeyTone, ssh = gEnableSSH;
     const char* storeUrl = gStoreUrl;
 };
-const FlagsAtLoad sAtLoad;
+const FlagsAtLoad sFlagsAtLoad;
 
 /// A key and how its value is read and preset.
 struct FlagKey {
@@ -60,12 +60,12 @@ class ColorKeyTest : public FlagKeyTest {};
 } // namespace
 
 TEST(SystemStateFlags, AreOnAtLoadButForRemoteShellAndStore) {
-    for (const int value :
-         {sAtLoad.home, sAtLoad.focus, sAtLoad.favorite, sAtLoad.recent, sAtLoad.bests, sAtLoad.retro,
-          sAtLoad.ports, sAtLoad.apps, sAtLoad.netPlay, sAtLoad.joystick, sAtLoad.keyTone})
+    for (const int value : {sFlagsAtLoad.home, sFlagsAtLoad.focus, sFlagsAtLoad.favorite, sFlagsAtLoad.recent,
+                            sFlagsAtLoad.bests, sFlagsAtLoad.retro, sFlagsAtLoad.ports, sFlagsAtLoad.apps,
+                            sFlagsAtLoad.netPlay, sFlagsAtLoad.joystick, sFlagsAtLoad.keyTone})
         EXPECT_EQ(value, 1);
-    EXPECT_EQ(sAtLoad.ssh, 0);
-    EXPECT_EQ(sAtLoad.storeUrl, nullptr);
+    EXPECT_EQ(sFlagsAtLoad.ssh, 0);
+    EXPECT_EQ(sFlagsAtLoad.storeUrl, nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -23,7 +23,7 @@ void PrintTo(const TableKey& key, std::ostream* out) {
     *out << key.key;
 }
 
-std::string nameOf(const testing::TestParamInfo<TableKey>& info) {
+std::string nameOfKey(const testing::TestParamInfo<TableKey>& info) {
     return info.param.key;
 }
 
@@ -58,7 +58,7 @@ class ValueTableKeyTest : public TableKeyTest {};
 INSTANTIATE_TEST_SUITE_P(Settings, RangedTableKeyTest,
                          testing::Values(TableKey{"vol", 0, 14, 20}, TableKey{"keymap", 2, 0, 1},
                                          TableKey{"brightness", 1, 6, 10}, TableKey{"rumblelevel", 12, 4, 5}),
-                         nameOf);
+                         nameOfKey);
 
 TEST_P(RangedTableKeyTest, TakesEveryNumberUpToItsLargest) {
     for (int value = 0; value <= GetParam().largest; ++value)
@@ -87,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(Settings, SwitchTableKeyTest,
                                          TableKey{"hostap", 15, std::nullopt},
                                          TableKey{"bluetooth", 16, std::nullopt}, TableKey{"ledswitch", 8, 1},
                                          TableKey{"bconfirm", 19, 0}),
-                         nameOf);
+                         nameOfKey);
 
 TEST_P(SwitchTableKeyTest, IsOnForEveryNumberButZero) {
     for (const char* value : {"1", "2", "-1", "1.5", "2147483647", "1e999", "-1e999"})
@@ -107,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(Settings, ValueTableKeyTest,
                          testing::Values(TableKey{"ledvalue", 10, 4}, TableKey{"menustylel1", 9, 1},
                                          TableKey{"menustylel2", 11, 0}, TableKey{"dimtime", 13, 300},
                                          TableKey{"osdshortcut", 18, 0}),
-                         nameOf);
+                         nameOfKey);
 
 TEST_P(ValueTableKeyTest, TakesAnyNumberAsItIs) {
     EXPECT_EQ(stored("0"), 0);
@@ -135,7 +135,8 @@ namespace {
 class CpuFrequencyKeyTest : public TableKeyTest {};
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Settings, CpuFrequencyKeyTest, testing::Values(TableKey{"cpufreq", 7, 0}), nameOf);
+INSTANTIATE_TEST_SUITE_P(Settings, CpuFrequencyKeyTest, testing::Values(TableKey{"cpufreq", 7, 0}),
+                         nameOfKey);
 
 TEST_P(CpuFrequencyKeyTest, TakesNumbersThatAreNotNegative) {
     EXPECT_EQ(stored("0"), 0);
