@@ -15,7 +15,7 @@ packages_to_bench=(gnuplot-nox libpixman-1-dev libyuv-dev libopencv-imgproc-dev 
 packages_to_sanitize=(clang-14 libclang-rt-14-dev) # the presets asan, tsan and fuzz
 packages_for_guest=(qemu-system-x86 busybox-static kmod dosfstools e2fsprogs python3) # tools/stress, power-cuts
 packages_to_cover=(gcovr) # only tools/coverage
-packages_to_package=(dpkg-dev file lintian) # only tools/package
+packages_to_package=(dpkg-dev file lintian desktop-file-utils) # only tools/package
 packages_to_check_packages=(mmdebstrap) # only tools/check-packages
 packages_to_cross=(g++-aarch64-linux-gnu qemu-user-static mmdebstrap arch-test) # only what is for arm64
 packages_to_board=(qemu-system-arm u-boot-qemu fdisk e2fsprogs kmod imagemagick) # only tools/make-card, tools/boot-board
@@ -52,6 +52,7 @@ present_elsewhere() {
     libyuv-dev) [[ -e /usr/include/libyuv.h || -e /usr/local/include/libyuv.h ]] ;;
     libx11-dev) pkg-config --exists x11 ;;
     python3-pyelftools) /usr/bin/python3 -c 'import elftools' ;;
+    desktop-file-utils) command -v desktop-file-validate >/dev/null ;;
     dpkg-dev) command -v dpkg-shlibdeps >/dev/null ;;
     abigail-tools) command -v abidiff >/dev/null ;;
     fonts-wqy-microhei) [[ -n $(find -L /usr/share/fonts -name wqy-microhei.ttc -print -quit 2>/dev/null) ]] ;;
