@@ -36,7 +36,7 @@ int DetailsPage::drawFact(int y, int caption, const std::string& text) const {
 void DetailsPage::drawContent() {
     mCard.draw(sPicture, mEntry);
     int y = sFacts.y;
-    y = drawFact(y, wordSize, describe(mEntry));
+    y = drawFact(y, wordSize, describeFile(mEntry));
     y = drawFact(y, wordChanged, dateText(mEntry.changed));
     if (!mHint.empty())
         drawWrapped(gListFontSubtxt, {sFacts.x, y, sFacts.w, 0}, mHint, gListColorSubtxt, 4);

@@ -29,7 +29,7 @@ static std::string upperExtension(const Entry& entry) {
 
 std::string sizeText(long long bytes) {
     if (bytes < 1000)
-        return std::to_string(bytes) + " bytes";
+        return std::to_string(bytes) + " B";
     static const char* const units[] = {"kB", "MB", "GB", "TB"};
     double size = static_cast<double>(bytes) / 1000.0;
     int unit = 0;
@@ -40,11 +40,9 @@ std::string sizeText(long long bytes) {
     return text;
 }
 
-std::string describe(const Entry& entry) {
-    if (entry.isFolder)
-        return "Folder";
-    const std::string extension = upperExtension(entry);
-    return (extension.empty() ? "File" : extension) + ", " + sizeText(entry.size);
+std::string describeFile(const Entry& file) {
+    const std::string extension = upperExtension(file);
+    return (extension.empty() ? "" : extension + ", ") + sizeText(file.size);
 }
 
 } // namespace navora

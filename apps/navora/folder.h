@@ -17,10 +17,11 @@ struct Entry {
 /// Looks at one file or folder. False for anything else, and for what is not there.
 bool readEntry(const std::string& path, Entry& entry);
 
-/// A size like "24 kB", with two digits at least from 1000 bytes on.
+/// A size like "24 kB", with two digits at least from 1000 bytes on. The units' symbols are the same in every
+/// language.
 std::string sizeText(long long bytes);
 
-/// "Folder", or like "PNG, 24 kB".
-std::string describe(const Entry& entry);
+/// Like "PNG, 24 kB", or "24 kB" for a file whose name has no ending.
+std::string describeFile(const Entry& file);
 
 } // namespace navora

@@ -109,7 +109,7 @@ static KestroWindow* pageOf(Shell& shell, const std::string& gamesFolder, const 
         return SettingsPage::reopened(shell, state);
     if (kind == "about")
         return new AboutPage(shell);
-    if (kind == "details" && readEntry(textOf(state, "path"), entry))
+    if (kind == "details" && readEntry(textOf(state, "path"), entry) && !entry.isFolder)
         return new DetailsPage(shell, entry, textOf(state, "hint"));
     return nullptr;
 }

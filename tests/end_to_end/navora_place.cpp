@@ -189,8 +189,9 @@ TEST_F(NavoraPlaceTest, NonsenseInsideDoesNoHarm) {
     const Picture first = home();
     for (const char* pages :
          {"7, null, [], {}", R"({"page": 7})", R"({"page": "no such"})", R"({"page": "details"})",
-          R"({"page": "details", "path": "/no/such"})", R"({"page": "games"})",
-          R"({"page": "games", "base": "/", "folder": "/etc"})", R"({"page": "home", "cursor": -7})",
+          R"({"page": "details", "path": "/no/such"})", R"({"page": "details", "path": "/"})",
+          R"({"page": "games"})", R"({"page": "games", "base": "/", "folder": "/etc"})",
+          R"({"page": "home", "cursor": -7})",
           R"({"page": "home", "cursor": 0, "first": 99, "row": "no such"})"}) {
         setPlace(R"({"list": [)" + std::string(pages) + "]}");
         EXPECT_EQ(opened(), first) << pages;
