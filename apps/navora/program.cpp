@@ -41,10 +41,10 @@ static int tell(Shell& shell, Word word, const std::string& about) {
 
 /// For what is more than a picture to look at.
 static std::string hintFor(const Entry& entry) {
-    const bool isPicture = hostkit::thumbnailOf(entry.path) == entry.path;
-    return isPicture
-               ? ""
-               : std::string(getLangStr(wordNoProgram)) + " " + fs::path(entry.name).extension().string();
+    if (hostkit::thumbnailOf(entry.path) == entry.path) // a picture
+        return "";
+    const std::string ending = fs::path(entry.name).extension().string();
+    return std::string(getLangStr(wordNoProgram)) + " " + (ending.empty() ? entry.name : ending);
 }
 
 void showDetails(Shell& shell, const std::string& path) {

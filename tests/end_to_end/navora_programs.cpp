@@ -150,6 +150,14 @@ TEST_F(NavoraProgramsTest, AFileWithoutAProgramOpensItsDetails) {
     EXPECT_NE(deviceShot("a").part(hint), deviceShot("down,a").part(hint)); // a picture needs no program
 }
 
+TEST_F(NavoraProgramsTest, WhereANameHasNoEndingTheHintTellsTheName) {
+    mFolder.addFile("first");
+    mFolder.addFile("second");
+    setScript("rom", ":");
+    constexpr SDL_Rect hint{776, 300, 464, 100};
+    EXPECT_NE(deviceShot("a").part(hint), deviceShot("down,a").part(hint));
+}
+
 TEST_F(NavoraProgramsTest, AMalformedFileIsToldAndTheShippedOneIsUsed) {
     mFolder.addFile("a.nes");
     const std::string file = mDevice.path("mnt/UDISK/navora/navora.json");
